@@ -1,0 +1,161 @@
+#ifndef VEXA_CLASS_REFRENCE_H
+#define VEXA_CLASS_REFRENCE_H
+
+#include <list>
+#include <string>
+
+#include <vexa/class_infor.h>
+#include <vexa/refrence.h>
+
+/// \file
+/// References to objects of described classes: attribute lookup and the two attribute iterators.
+
+namespace vexa {
+
+class CAttribRange;
+
+/// The end of any walk.
+struct CWalkEnd {};
+
+/// A reference to an object of a described class (code DT_CLASS).
+///
+/// Each lookup gives, on success, the attribute's reference in \p out and true. Otherwise it gives false, \p out is untouched
+/// and nothing is logged. A null object has no attributes. The class descriptor is only read: any number of threads may look
+/// up at once.
+class VEXA_API CClassConstRefrence : public CConstRefrence {
+public:
+    using CConstRefrence::CConstRefrence;
+    CClassConstRefrence(const CClassInfor& classInfor, const void* object)
+        : CConstRefrence(CGnlTypeInfor(Enum::DT_CLASS, 0, &classInfor), object)
+    {
+    }
+
+    const CClassInfor& ClassInfor() const noexcept { return *static_cast<const CClassInfor*>(TypeInfor.DetailInfor); }
+
+    bool FindAttribByName(CConstRefrence& out, const std::string& name) const;
+    /// Finds a leaf attribute of a member object, the names joined by underscores or dots. For a leaf behind a pointer the
+    /// address is that of this object plus the leaf's offset in the pointed-to one: follow the entry's PointerPath
+    /// (CClassInfor::FindAttribInforByFlatName) before using it.
+    bool FindAttribByFlatName(CConstRefrence& out, const std::string& name) const;
+    bool FindAttribByID(CConstRefrence& out, short id) const;
+    /// Finds the union member registered for a selector value, whatever the selector holds now.
+    bool FindAttribByUnionAttribEnum(CConstRefrence& out, short value) const;
+
+    /// The attributes for a range-for; empty for a null object.
+    CAttribRange Attribs() const;
+};
+
+/// What both attribute iterators are: a walk over the attributes of one object, which must outlive it unmoved.
+template<class Position>
+struct CAttribWalk {
+    const CClassConstRefrence* Owner;   ///< the object being walked
+    void* Object;                       ///< its value address; null when the owner is null
+    CConstRefrence Current;             ///< the attribute at the position
+    Position Pos;                       ///< the record in the class's AttribList
+
+    const CAttribInfor& Infor() const { return *Pos; }
+    const std::string& Name() const { return Pos->Name; }
+    const CConstRefrence& Value() const { return Current; }
+
+protected:
+    explicit CAttribWalk(const CClassConstRefrence& owner) : Owner(&owner), Object(nullptr) {}
+    void Start()
+    {
+        if (Owner->IsNull()) return;
+        Object = Owner->ValueAddress();
+        TakeCurrent();
+    }
+    void TakeCurrent()
+    {
+        if (Object == nullptr) return;
+        Current.TypeInfor = Pos->TypeInfor;
+        Current.Address = static_cast<char*>(Object) + Pos->Offset;
+    }
+};
+
+/// Walks forward in list order, those of base classes first. Of the members of a union only the active one is visited, except
+/// that the class's first record is always visited.
+class CAttribConstIterator : public CAttribWalk<std::list<CAttribInfor>::const_iterator> {
+public:
+    explicit CAttribConstIterator(const CClassConstRefrence& owner) : CAttribWalk(owner)
+    {
+        Pos = owner.ClassInfor().AttribList.begin();
+        if (!IsEnd()) Start();
+    }
+    bool IsEnd() const { return Pos == Owner->ClassInfor().AttribList.end(); }
+    /// The current attribute: Name(), Value() and Infor().
+    const CAttribConstIterator& operator*() const { return *this; }
+    const CAttribConstIterator* operator->() const { return this; }
+    CAttribConstIterator& operator++()
+    {
+        if (++Pos == Owner->ClassInfor().AttribList.end()) return *this;
+        if (Pos->UnionSelector == nullptr || Object == nullptr) TakeCurrent();
+        else Owner->ClassInfor().GetUnionAttrib(Current, Object, Pos);
+        return *this;
+    }
+    bool operator!=(CWalkEnd) const { return !IsEnd(); }
+    bool operator==(CWalkEnd) const { return IsEnd(); }
+};
+
+/// Walks backward from the last record, which is always visited; of the other union members only the active one is.
+class CAttribConstReverseIterator : public CAttribWalk<std::list<CAttribInfor>::const_reverse_iterator> {
+public:
+    explicit CAttribConstReverseIterator(const CClassConstRefrence& owner) : CAttribWalk(owner)
+    {
+        Pos = owner.ClassInfor().AttribList.rbegin();
+        if (!IsEnd()) Start();
+    }
+    bool IsEnd() const { return Pos == Owner->ClassInfor().AttribList.rend(); }
+    const CAttribConstReverseIterator& operator*() const { return *this; }
+    const CAttribConstReverseIterator* operator->() const { return this; }
+    CAttribConstReverseIterator& operator++()
+    {
+        do {
+            ++Pos;
+        } while (!IsEnd() && !IsVisited());
+        if (!IsEnd()) TakeCurrent();
+        return *this;
+    }
+    bool operator!=(CWalkEnd) const { return !IsEnd(); }
+    bool operator==(CWalkEnd) const { return IsEnd(); }
+
+private:
+    bool IsVisited() const
+    {
+        if (Pos->UnionSelector == nullptr || Object == nullptr) return true;
+        const CAttribInfor& selector = *Pos->UnionSelector;
+        const CStdBasicTypeConstRefrence value(selector.TypeInfor, static_cast<char*>(Object) + selector.Offset);
+        return value.As_short() == Pos->UnionAttribEnum;
+    }
+};
+
+/// The attributes of one object, for a range-for. Holds its own copy of the reference, so that it may be made from a
+/// temporary one.
+class CAttribRange {
+public:
+    explicit CAttribRange(const CClassConstRefrence& owner) : m_owner(owner) {}
+    CAttribConstIterator begin() const
+    {
+        CAttribConstIterator first(m_owner);
+        if (first.Object == nullptr) first.Pos = m_owner.ClassInfor().AttribList.end();
+        return first;
+    }
+    CWalkEnd end() const { return {}; }
+
+private:
+    CClassConstRefrence m_owner;
+};
+
+static_assert(sizeof(CClassConstRefrence) == 24, "one layout for all references");
+static_assert(sizeof(CAttribConstIterator) == 48 && sizeof(CAttribConstReverseIterator) == 48, "four fields");
+
+inline CAttribRange CClassConstRefrence::Attribs() const { return CAttribRange(*this); }
+inline const CClassConstRefrence& CConstRefrence::AsClass() const& noexcept
+{
+    return static_cast<const CClassConstRefrence&>(*this);
+}
+inline CClassConstRefrence CConstRefrence::AsClass() && { return {TypeInfor, Address}; }
+
+} // namespace vexa
+
+#endif

@@ -1,0 +1,127 @@
+#ifndef VEXA_DETAIL_CLASS_SLOT_H
+#define VEXA_DETAIL_CLASS_SLOT_H
+
+#include <vexa/describe.h>
+
+/// \file
+/// The slots of classes and containers: what each type contributes to its descriptor.
+
+namespace vexa::detail {
+
+template<class T>
+void* MakeObject()
+{
+    if constexpr (std::is_default_constructible_v<T>) return new T();
+    else return nullptr;
+}
+
+template<class T>
+void DestroyObject(void* object)
+{
+    if constexpr (std::is_array_v<T>) delete[] static_cast<std::remove_extent_t<T>*>(object);
+    else if constexpr (std::is_destructible_v<T>) delete static_cast<T*>(object);
+}
+
+template<class T>
+void DescribeTo(CDescription<T>& about)
+{
+    if constexpr (IS_PAIR<T>) {
+        about.Attrib("first", &T::first);
+        about.Attrib("second", &T::second);
+    } else {
+        VexaDescribe(about);
+    }
+}
+
+template<class T>
+constexpr const char* ClassNameOf()
+{
+    if constexpr (IS_PAIR<T>) return "std::pair";
+    else return VexaNameOf(static_cast<const CDescription<T>*>(nullptr));
+}
+
+template<class T>
+inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), sizeof(T), &MakeObject<T>, &DestroyObject<T>,
+                             [](CClassInfor& infor, Enum::AccessSpecifierEnum) {
+                                 CDescription<T> about(infor);
+                                 DescribeTo(about);
+                             },
+                             [](CSurvey& survey) {
+                                 CDescription<T> about(survey);
+                                 DescribeTo(about);
+                             }};
+
+template<class T>
+CClassSlot& ClassSlotOf()
+{
+    static_assert(CKind<T>::Source().DataType == Enum::DT_CLASS, "only a class has a class descriptor: use vexa::TypeInforOf");
+    return CLASS_SLOT<T>;
+}
+
+template<class T>
+const CTypeInforBase* ClassDetail()
+{
+    return &DescriptorOf<CClassInfor>(CLASS_SLOT<T>);
+}
+
+/// Tells a survey of a class that a description names.
+VEXA_API void AddToSurvey(CSurvey& survey, CClassSlot& named, bool isByValue);
+
+template<class T>
+void SurveyClass(CSurvey& survey, bool isByValue)
+{
+    AddToSurvey(survey, CLASS_SLOT<T>, isByValue);
+}
+
+template<class Container>
+void* MakeContainer()
+{
+    if constexpr (std::is_array_v<Container>) return new Container();
+    else return MakeObject<Container>();
+}
+
+template<class Container>
+constexpr CTypeSource MakeElementSource()
+{
+    constexpr CTypeSource SOURCE = TYPE_SOURCE<ElementOf<Container>>;
+    constexpr bool IS_ASSOCIATIVE = CKind<Container>::Source().DataType >= Enum::DT_ASSOCIATIVE_A;
+    static_assert(!IS_ASSOCIATIVE || (SOURCE.HoldingFlags & Enum::HF_KIND_MASK) != Enum::HF_MAY_NULL,
+                  "the elements of an associative container cannot be vexa::MayNull: use the plain type");
+    return SOURCE;
+}
+
+template<class Container>
+inline constexpr CTypeSource ELEMENT_SOURCE = MakeElementSource<Container>();
+template<std::size_t SIZE>
+inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSET_NODE, 0, 0, 0, nullptr, nullptr};
+
+template<class Container>
+inline CContainerSlot CONTAINER_SLOT{
+    [](CContainerInfor& infor) {
+        infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container),
+                               &MakeContainer<Container>, &DestroyObject<Container>, 0);
+        CKind<Container>::Fill(infor);
+    },
+    [] { return MakeTypeInfor(ELEMENT_SOURCE<Container>); }};
+
+template<class Container>
+const CTypeInforBase* ContainerDetail()
+{
+    return &DescriptorOf<CContainerInfor>(CONTAINER_SLOT<Container>);
+}
+
+template<class Container>
+void SurveyContainer(CSurvey& survey, bool)
+{
+    if (ELEMENT_SOURCE<Container>.Survey != nullptr) ELEMENT_SOURCE<Container>.Survey(survey, false);
+}
+
+/// Describes a class when the file that holds its description is initialised.
+template<class T>
+struct CDescribedAtStart {
+    CDescribedAtStart() { ClassInforOf<T>(); }
+};
+
+} // namespace vexa::detail
+
+#endif

@@ -1,0 +1,216 @@
+#ifndef VEXA_DETAIL_CONTAINER_OPERATIONS_H
+#define VEXA_DETAIL_CONTAINER_OPERATIONS_H
+
+#include <bitset>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+#include <vexa/container_infor.h>
+#include <vexa/detail/type_traits.h>
+
+/// \file
+/// The operations that a container descriptor holds, one template per container shape.
+
+namespace vexa::detail {
+
+/// Frees what raw pointers in a value own, before the container that holds them lets go of them. Everything else releases
+/// itself.
+template<class T>
+void Disown(T& value)
+{
+    if constexpr (std::is_pointer_v<T>) {
+        if constexpr (!std::is_const_v<std::remove_pointer_t<T>> && !std::is_void_v<std::remove_pointer_t<T>>) {
+            void* object = value;
+            MakeTypeInfor(TYPE_SOURCE<std::remove_pointer_t<T>>).Delete(object);
+        }
+    } else if constexpr (IS_PAIR<T>) {
+        Disown(value.second);
+    } else if constexpr (HOLDS_RAW_POINTERS<T>) {
+        for (auto& element : value) Disown(element);
+    }
+}
+
+template<class Container>
+struct CWalkOperations {
+    using Iterator = decltype(std::begin(std::declval<Container&>()));
+
+    template<class Position>
+    static void* AddressOf(Container& container, const Position& position, const Position& end)
+    {
+        static_cast<void>(container);
+        return position == end ? nullptr
+                               : const_cast<void*>(static_cast<const void*>(std::addressof(*position)));
+    }
+    static void* Begin(void* container, void** first)
+    {
+        auto& walked = *static_cast<Container*>(container);
+        auto* const cursor = new Iterator(std::begin(walked));
+        *first = AddressOf(walked, *cursor, std::end(walked));
+        return cursor;
+    }
+    static void* Next(void* container, void* cursor)
+    {
+        auto& walked = *static_cast<Container*>(container);
+        return AddressOf(walked, ++*static_cast<Iterator*>(cursor), std::end(walked));
+    }
+    static void Release(void* cursor) { delete static_cast<Iterator*>(cursor); }
+
+    template<class C>
+    static void FillReverse(CContainerInfor& infor, decltype(std::rbegin(std::declval<C&>()))*)
+    {
+        using Position = decltype(std::rbegin(std::declval<C&>()));
+        infor.RBegin = [](void* container, void** last) -> void* {
+            auto& walked = *static_cast<Container*>(container);
+            auto* const cursor = new Position(std::rbegin(walked));
+            *last = AddressOf<Position>(walked, *cursor, std::rend(walked));
+            return cursor;
+        };
+        infor.RNext = [](void* container, void* cursor) -> void* {
+            auto& walked = *static_cast<Container*>(container);
+            return AddressOf<Position>(walked, ++*static_cast<Position*>(cursor), std::rend(walked));
+        };
+        infor.RRelease = [](void* cursor) { delete static_cast<Position*>(cursor); };
+    }
+    /// A container without order has no reverse walk.
+    template<class C>
+    static void FillReverse(CContainerInfor&, ...)
+    {
+    }
+
+    static void Fill(CContainerInfor& infor)
+    {
+        infor.Begin = &Begin;
+        infor.Next = &Next;
+        infor.Release = &Release;
+        infor.Count = [](void* container) -> unsigned long { return std::size(*static_cast<Container*>(container)); };
+        FillReverse<Container>(infor, nullptr);
+    }
+};
+
+template<class Container>
+void FillClear(CContainerInfor& infor)
+{
+    infor.Clear = [](void* container) {
+        auto& cleared = *static_cast<Container*>(container);
+        Disown(cleared);
+        cleared.clear();
+    };
+}
+
+template<class Container>
+struct CSequenceOperations {
+    static void Fill(CContainerInfor& infor)
+    {
+        CWalkOperations<Container>::Fill(infor);
+        FillClear<Container>(infor);
+        if constexpr (std::is_default_constructible_v<typename Container::value_type>) {
+            infor.Append = [](void* container) -> void* {
+                return std::addressof(static_cast<Container*>(container)->emplace_back());
+            };
+        }
+    }
+};
+
+template<class Container>
+struct CAssociativeOperations {
+    using Element = ElementOf<Container>;
+
+    /// The container takes the contents of the element; what it did not take goes, so that the element may be used again.
+    static void Insert(void* container, void* element)
+    {
+        auto& filled = *static_cast<Container*>(container);
+        auto& taken = *static_cast<Element*>(element);
+        const auto size = filled.size();
+        filled.insert(std::move(taken));
+        if constexpr (HOLDS_RAW_POINTERS<Element>) {
+            if (filled.size() == size) Disown(taken);
+            Forget(taken);
+        } else if constexpr (IS_UNIQUE_POINTER<Element>) {
+            taken.reset();
+        }
+    }
+    template<class T>
+    static void Forget(T& value)
+    {
+        if constexpr (IS_PAIR<T>) Forget(value.second);
+        else value = T();
+    }
+
+    static void Fill(CContainerInfor& infor)
+    {
+        CWalkOperations<Container>::Fill(infor);
+        FillClear<Container>(infor);
+        if constexpr (std::is_move_constructible_v<Element>) infor.Insert = &Insert;
+    }
+};
+
+/// std::array and the language's own array: the elements are always there, so clearing gives each its default.
+template<class Array>
+struct CArrayOperations {
+    template<class Slot>
+    static void Reset(Slot& slot)
+    {
+        if constexpr (std::is_array_v<Slot> || IS_STD_ARRAY<Slot>) {
+            for (auto& inner : slot) Reset(inner);
+        } else {
+            Disown(slot);
+            slot = Slot();
+        }
+    }
+    static void Fill(CContainerInfor& infor)
+    {
+        CWalkOperations<Array>::Fill(infor);
+        infor.Clear = [](void* container) { Reset(*static_cast<Array*>(container)); };
+    }
+};
+
+/// A bit has no address: each element of a walk is a bool in the cursor.
+template<std::size_t SIZE>
+struct CBitsetOperations {
+    using Bits = std::bitset<SIZE>;
+    struct CCursor {
+        std::size_t Index;
+        bool Bit;
+    };
+
+    static void* Look(void* container, CCursor& cursor)
+    {
+        if (cursor.Index >= SIZE) return nullptr;
+        cursor.Bit = static_cast<const Bits*>(container)->test(cursor.Index);
+        return &cursor.Bit;
+    }
+    template<std::ptrdiff_t STEP>
+    static void* Step(void* container, void* cursor)
+    {
+        auto& moved = *static_cast<CCursor*>(cursor);
+        moved.Index += static_cast<std::size_t>(STEP); // a step before the first bit wraps to beyond the last
+        return Look(container, moved);
+    }
+    template<bool IS_REVERSE>
+    static void* Begin(void* container, void** first)
+    {
+        auto* const cursor = new CCursor{IS_REVERSE ? SIZE - 1 : 0, false};
+        *first = Look(container, *cursor);
+        return cursor;
+    }
+    static void Release(void* cursor) { delete static_cast<CCursor*>(cursor); }
+
+    static void Fill(CContainerInfor& infor)
+    {
+        infor.Clear = [](void* container) { static_cast<Bits*>(container)->reset(); };
+        infor.Count = [](void*) -> unsigned long { return SIZE; };
+        infor.Begin = &Begin<false>;
+        infor.Next = &Step<1>;
+        infor.Release = &Release;
+        infor.RBegin = &Begin<true>;
+        infor.RNext = &Step<-1>;
+        infor.RRelease = &Release;
+    }
+};
+
+} // namespace vexa::detail
+
+#endif

@@ -1,0 +1,92 @@
+#ifndef VEXA_DETAIL_TYPE_TRAITS_H
+#define VEXA_DETAIL_TYPE_TRAITS_H
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+#include <vexa/detail/slot.h>
+#include <vexa/may_null.h>
+
+namespace vexa {
+
+template<class T>
+class CDescription;
+
+namespace detail {
+
+/// How T is described; see type_source.h, which completes it.
+template<class T>
+constexpr CTypeSource MakeTypeSource();
+template<class T>
+inline constexpr CTypeSource TYPE_SOURCE = MakeTypeSource<T>();
+
+template<class T>
+inline constexpr bool ALWAYS_FALSE = false;
+
+template<class T, template<class...> class Template>
+inline constexpr bool IS_SPECIALIZATION = false;
+template<template<class...> class Template, class... Arguments>
+inline constexpr bool IS_SPECIALIZATION<Template<Arguments...>, Template> = true;
+
+template<class T>
+inline constexpr bool IS_PAIR = IS_SPECIALIZATION<T, std::pair>;
+template<class T>
+inline constexpr bool IS_UNIQUE_POINTER = IS_SPECIALIZATION<T, std::unique_ptr>;
+template<class T>
+inline constexpr bool IS_STD_ARRAY = false;
+template<class T, std::size_t SIZE>
+inline constexpr bool IS_STD_ARRAY<std::array<T, SIZE>> = true;
+
+/// The type of a container's elements as a description sees it: a map's key is not const there, since reading makes an
+/// element by itself before it is inserted.
+template<class Container>
+struct CElementOf {
+    using Type = typename Container::value_type;
+};
+template<class T, std::size_t SIZE>
+struct CElementOf<T[SIZE]> {
+    using Type = T;
+};
+template<class Container>
+struct CPlainElement {
+    template<class T>
+    static T Plain(T*);
+    template<class K, class V>
+    static std::pair<K, V> Plain(std::pair<const K, V>*);
+    using Type = decltype(Plain(static_cast<typename CElementOf<Container>::Type*>(nullptr)));
+};
+template<class T, std::size_t INNER, std::size_t SIZE>
+struct CPlainElement<T[SIZE][INNER]> {
+    using Type = T[INNER];
+};
+template<class Container>
+using ElementOf = typename CPlainElement<Container>::Type;
+
+/// Whether values of T are, or hold as elements, pointers that own their pointee without releasing it.
+template<class T, class = void>
+struct CHoldsRawPointers : std::bool_constant<std::is_pointer_v<T>> {};
+template<class K, class V>
+struct CHoldsRawPointers<std::pair<K, V>> : CHoldsRawPointers<V> {};
+template<class T, std::size_t SIZE>
+struct CHoldsRawPointers<T[SIZE]> : CHoldsRawPointers<T> {};
+template<class T>
+struct CHoldsRawPointers<T, std::void_t<typename T::value_type, typename T::iterator>>
+    : CHoldsRawPointers<typename T::value_type> {};
+template<class T>
+inline constexpr bool HOLDS_RAW_POINTERS = CHoldsRawPointers<T>::value;
+
+/// Whether a description of T can be found, in the namespace of T.
+template<class T>
+auto FindsDescription(int) -> decltype(VexaDescribe(std::declval<CDescription<T>&>()), std::true_type{});
+template<class T>
+std::false_type FindsDescription(...);
+template<class T>
+inline constexpr bool IS_DESCRIBED = decltype(FindsDescription<T>(0))::value;
+
+} // namespace detail
+} // namespace vexa
+
+#endif

@@ -1,0 +1,24 @@
+#ifndef VEXA_VEXA_H
+#define VEXA_VEXA_H
+
+/// \file
+/// The whole library.
+
+#include <vexa/binary.h>
+#include <vexa/class_infor.h>
+#include <vexa/class_refrence.h>
+#include <vexa/container_infor.h>
+#include <vexa/container_refrence.h>
+#include <vexa/custom_type_infor.h>
+#include <vexa/data_type.h>
+#include <vexa/date_time.h>
+#include <vexa/describe.h>
+#include <vexa/helper.h>
+#include <vexa/json.h>
+#include <vexa/may_null.h>
+#include <vexa/numeric.h>
+#include <vexa/refrence.h>
+#include <vexa/text.h>
+#include <vexa/type_infor.h>
+
+#endif

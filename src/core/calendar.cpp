@@ -1,0 +1,87 @@
+#include "core/calendar.h"
+
+#include <cstring>
+#include <ctime>
+
+#include <vexa/date_time.h>
+
+#include "core/bounded.h"
+
+namespace vexa {
+
+namespace {
+
+constexpr int kFirstYear = 1900;
+
+/// The year 9999, counted as a `tm` counts.
+constexpr unsigned kLastTmYear = 9999 - kFirstYear;
+
+void Clear(tm& t)
+{
+    core::memset_s(&t, sizeof t, 0, sizeof t);
+}
+
+/// Compared as unsigned numbers, so that a negative field is out of range too.
+bool IsAtMost(int field, unsigned limit)
+{
+    return static_cast<unsigned>(field) <= limit;
+}
+
+bool HasCalendarFields(const tm& t)
+{
+    return IsAtMost(t.tm_year, kLastTmYear) && IsAtMost(t.tm_mon, 11) && t.tm_mday >= 1 && t.tm_mday <= 31 &&
+           IsAtMost(t.tm_hour, 23) && IsAtMost(t.tm_min, 59) && IsAtMost(t.tm_sec, 59);
+}
+
+} // namespace
+
+bool Date2Tm(tm& t, unsigned short year, unsigned char month, unsigned char day)
+{
+    Clear(t);
+    // A year before 1900 wraps to one far behind 9999.
+    const auto tmYear = static_cast<unsigned short>(year - kFirstYear);
+    if (tmYear > kLastTmYear || month < 1 || month > 12 || day < 1 || day > 31) {
+        return false;
+    }
+    t.tm_year = tmYear;
+    t.tm_mon = month - 1;
+    t.tm_mday = day;
+    return true;
+}
+
+bool DateTime2Tm(tm& t, unsigned short year, unsigned char month, unsigned char day, unsigned char hour,
+                 unsigned char min, unsigned char sec)
+{
+    if (!Date2Tm(t, year, month, day) || hour > 23 || min > 59 || sec > 59) {
+        return false;
+    }
+    t.tm_hour = hour;
+    t.tm_min = min;
+    t.tm_sec = sec;
+    t.tm_isdst = -1;
+    return true;
+}
+
+bool String2Tm(tm& t, const std::string& s)
+{
+    Clear(t);
+    return strptime_l(s.c_str(), core::kDateTimeFormat, &t, core::CLocale()) != nullptr;
+}
+
+std::string Tm2String(const tm& t, const std::string& format)
+{
+    return core::FormatTm(t, format.c_str());
+}
+
+std::string core::FormatTm(const tm& t, const char* format)
+{
+    if (!HasCalendarFields(t)) {
+        return "errortime";
+    }
+    char buffer[512] = {};
+    strftime_l(buffer, sizeof buffer, format, &t, CLocale());
+    // A text that is too long leaves what was formatted of it, and one byte at least is still zero.
+    return std::string(buffer, strnlen(buffer, sizeof buffer));
+}
+
+} // namespace vexa

@@ -1,0 +1,231 @@
+#include <vexa/numeric.h>
+
+#include <charconv>
+#include <cstring>
+#include <istream>
+#include <ostream>
+#include <string_view>
+
+namespace vexa {
+
+namespace {
+
+constexpr int kFractionPlaces = 256;
+
+/// Room for the longest fixed text there is: a long double of 4933 digits, a sign, a point and the fraction.
+constexpr std::size_t kFloatingRoom = 5300;
+
+const char* SkipBlanks(const char* text)
+{
+    while (*text == ' ') {
+        ++text;
+    }
+    return text;
+}
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+void Fail(CNumeric& number)
+{
+    number.Init();
+    number.State = Enum::VS_ERROR;
+}
+
+/// Reads digits and points to the very end of the text.
+void ReadDigits(CNumeric& number, const char* text)
+{
+    std::string* part = &number.IntegerDigits;
+    while (*text != '\0') {
+        if (*text == '.') {
+            part = &number.FractionDigits;
+            ++text;
+            continue;
+        }
+        const char* end = text;
+        while (IsDigit(*end)) {
+            ++end;
+        }
+        if (end == text) {
+            Fail(number);
+            return;
+        }
+        part->append(text, end);
+        text = end;
+    }
+    number.State = Enum::VS_VALID;
+}
+
+void Read(CNumeric& number, const char* text)
+{
+    number.Init();
+    text = SkipBlanks(text);
+    if (*text == '-') {
+        number.Negative = 1;
+    }
+    if (*text == '-' || *text == '+') {
+        text = SkipBlanks(text + 1);
+    }
+    if (*text != '\0') {
+        ReadDigits(number, text);
+    } else {
+        Fail(number);
+    }
+}
+
+void ReadInteger(CNumeric& number, long value)
+{
+    char text[24];
+    *std::to_chars(text, text + sizeof text - 1, value).ptr = '\0';
+    Read(number, text);
+}
+
+template<typename Floating>
+void ReadFloating(CNumeric& number, Floating value)
+{
+    char text[kFloatingRoom];
+    char* end = std::to_chars(text, text + sizeof text - 1, value, std::chars_format::fixed, kFractionPlaces).ptr;
+    // NaN and the infinities have no point, and no zeros that could be cut off.
+    if (std::memchr(text, '.', static_cast<std::size_t>(end - text)) != nullptr) {
+        while (end[-1] == '0') {
+            --end;
+        }
+    }
+    *end = '\0';
+    Read(number, text);
+}
+
+std::string_view WithoutLeadingZeros(std::string_view digits)
+{
+    const std::size_t first = digits.find_first_not_of('0');
+    return first != std::string_view::npos ? digits.substr(first) : std::string_view();
+}
+
+std::string_view WithoutTrailingZeros(std::string_view digits)
+{
+    return digits.substr(0, digits.find_last_not_of('0') + 1);
+}
+
+bool AllZeros(const CNumeric& number)
+{
+    return WithoutLeadingZeros(number.IntegerDigits).empty() && WithoutTrailingZeros(number.FractionDigits).empty();
+}
+
+bool SameDigits(const CNumeric& left, const CNumeric& right)
+{
+    return WithoutLeadingZeros(left.IntegerDigits) == WithoutLeadingZeros(right.IntegerDigits) &&
+           WithoutTrailingZeros(left.FractionDigits) == WithoutTrailingZeros(right.FractionDigits);
+}
+
+} // namespace
+
+CNumeric::CNumeric(const std::string& text)
+{
+    Read(*this, text.c_str());
+}
+
+CNumeric::CNumeric(long value)
+{
+    ReadInteger(*this, value);
+}
+
+CNumeric::CNumeric(int value)
+{
+    ReadInteger(*this, value);
+}
+
+CNumeric::CNumeric(long double value)
+{
+    ReadFloating(*this, value);
+}
+
+CNumeric::CNumeric(double value)
+{
+    ReadFloating(*this, value);
+}
+
+CNumeric::CNumeric(float value)
+{
+    ReadFloating(*this, static_cast<double>(value));
+}
+
+CNumeric& CNumeric::operator=(const std::string& text)
+{
+    // A number of its own, because the text may be one of this number's digit strings.
+    return *this = CNumeric(text);
+}
+
+void CNumeric::Init()
+{
+    State = Enum::VS_NULL;
+    Negative = 0;
+    IntegerDigits.clear();
+    FractionDigits.clear();
+}
+
+std::string CNumeric::AsString() const
+{
+    if (State == Enum::VS_NULL) {
+        return "(null)";
+    }
+    if (State != Enum::VS_VALID) {
+        return "(NaN)";
+    }
+    std::string text = Negative != 0 ? "-" : "";
+    text.reserve(text.size() + IntegerDigits.size() + 1 + FractionDigits.size());
+    text += IntegerDigits;
+    if (!FractionDigits.empty()) {
+        text += '.';
+        text += FractionDigits;
+    }
+    return text;
+}
+
+bool CNumeric::IsZero() const
+{
+    return State == Enum::VS_VALID && AllZeros(*this);
+}
+
+bool CNumeric::IsEqu(const CNumeric& other) const
+{
+    const bool valid = State == Enum::VS_VALID;
+    const bool otherValid = other.State == Enum::VS_VALID;
+    const bool sameSign = (Negative != 0) == (other.Negative != 0);
+    if (this == &other) {
+        return true;
+    }
+    if (!valid && !otherValid) {
+        return State == other.State;
+    }
+    if (valid != otherValid) {
+        return sameSign;
+    }
+    return sameSign ? SameDigits(*this, other) : AllZeros(*this) && AllZeros(other);
+}
+
+bool operator==(const CNumeric& left, const CNumeric& right)
+{
+    return left.IsEqu(right);
+}
+
+bool operator!=(const CNumeric& left, const CNumeric& right)
+{
+    return !left.IsEqu(right);
+}
+
+std::ostream& operator<<(std::ostream& out, const CNumeric& value)
+{
+    return out << value.AsString();
+}
+
+std::istream& operator>>(std::istream& in, CNumeric& value)
+{
+    std::string word;
+    in >> word;
+    value = word;
+    return in;
+}
+
+} // namespace vexa

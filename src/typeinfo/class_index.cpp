@@ -1,0 +1,150 @@
+// The indexes over a class's attributes: by name, by flat name, by attribute ID and by union selector value.
+
+#include <algorithm>
+#include <utility>
+
+#include <vexa/class_infor.h>
+#include <vexa/helper.h>
+
+namespace vexa {
+namespace {
+
+void LogSameFlatName(const CClassInfor& owner, const CAttribInfor& attrib, const CFlatAttribInfor& existing)
+{
+    helper::LogError("The class %s's combination attribute %s's sub-attribute path \"%s\" has the same name as the "
+                     "existing attribute",
+                     owner.Name.c_str(), attrib.Name.c_str(), existing.FlatName.c_str());
+}
+
+/// Whether an entry was made by another attribute than one of this name.
+bool IsTakenByOther(const CFlatAttribInfor& entry, const CAttribInfor& attrib)
+{
+    return entry.AttribInfor != nullptr && entry.AttribInfor->Name != attrib.Name;
+}
+
+void AddToIDMap(CAttribIDMap*& map, const CClassInfor& owner, short key, const CAttribInfor& record)
+{
+    if (map == nullptr) map = new CAttribIDMap();
+    map->AddAttrib(owner, key, &record);
+}
+
+constexpr short DIRECT_KEYS = 64;
+
+} // namespace
+
+CFlatAttribInfor::CFlatAttribInfor(const CFlatAttribInfor& other)
+    : PointerPath(other.PointerPath != nullptr ? new std::vector<const CAttribInfor*>(*other.PointerPath) : nullptr),
+      Offset(other.Offset), AttribInfor(other.AttribInfor), FlatName(other.FlatName)
+{
+}
+
+CFlatAttribInfor& CFlatAttribInfor::operator=(const CFlatAttribInfor& other)
+{
+    if (this == &other) return *this;
+    FlatName = other.FlatName;
+    if (other.PointerPath == nullptr) {
+        delete PointerPath;
+        PointerPath = nullptr;
+    } else if (PointerPath != nullptr) {
+        *PointerPath = *other.PointerPath;
+    } else {
+        PointerPath = new std::vector<const CAttribInfor*>(*other.PointerPath);
+    }
+    Offset = other.Offset;
+    AttribInfor = other.AttribInfor;
+    return *this;
+}
+
+CFlatAttribInfor::~CFlatAttribInfor() { delete PointerPath; }
+
+void CAttribIDMap::AddAttrib(const CClassInfor& owner, short key, const CAttribInfor* record)
+{
+    const CAttribInfor** slot = nullptr;
+    if (key >= 0 && key < DIRECT_KEYS) {
+        const auto index = static_cast<std::size_t>(key);
+        if (DirectTable.size() <= index) DirectTable.resize(index + 1, nullptr);
+        slot = &DirectTable[index];
+    } else {
+        slot = &OtherIDs[key];
+    }
+    if (*slot != nullptr) {
+        helper::LogError("The class %s's attribute %s's attribID \"%d\" is conflict with attribute %s.", owner.Name.c_str(),
+                         record->Name.c_str(), key, (*slot)->Name.c_str());
+    }
+    *slot = record;
+}
+
+const CAttribInfor* CAttribIDMap::FindAttrib(short key) const
+{
+    if (key >= 0 && key < DIRECT_KEYS) {
+        const auto index = static_cast<std::size_t>(key);
+        return index < DirectTable.size() ? DirectTable[index] : nullptr;
+    }
+    const auto found = OtherIDs.find(key);
+    return found != OtherIDs.end() ? found->second : nullptr;
+}
+
+void CClassInfor::CreateIndex()
+{
+    for (auto position = AttribList.begin(); position != AttribList.end();) {
+        const CAttribInfor& record = *position;
+        const CAttribInfor*& named = AttribNameMap[record.Name];
+        if (named != nullptr) {
+            position = AttribList.erase(position);
+            continue;
+        }
+        named = &record;
+        if (record.AttribID >= 0) AddToIDMap(IDMap, *this, record.AttribID, record);
+        if (record.UnionSelector != nullptr) AddToIDMap(UnionEnumMap, *this, record.UnionAttribEnum, record);
+        ++position;
+
+        if (record.TypeInfor.DataType == Enum::DT_CLASS) {
+            ExpandCompoAttrib(record);
+            continue;
+        }
+        // A plain attribute always wins a clash of flat names, so that its own name finds it.
+        CFlatAttribInfor& entry = FlatAttribMap[record.Name];
+        if (IsTakenByOther(entry, record)) LogSameFlatName(*this, record, entry);
+        entry.Offset = record.Offset;
+        entry.AttribInfor = &record;
+        entry.FlatName = record.Name;
+    }
+}
+
+void CClassInfor::ExpandCompoAttrib(const CAttribInfor& compound)
+{
+    const auto* const member = static_cast<const CClassInfor*>(compound.TypeInfor.DetailInfor);
+    if (member == this || member == nullptr) return; // a pointer to the own class would expand for ever
+    const std::string prefix = compound.Name + "_";
+    for (const auto& [flatName, leaf] : member->FlatAttribMap) {
+        const std::string key = prefix + flatName;
+        CFlatAttribInfor& entry = FlatAttribMap[key];
+        if (IsTakenByOther(entry, compound)) {
+            LogSameFlatName(*this, compound, entry);
+            continue;
+        }
+        if (compound.TypeInfor.Has(Enum::HF_POINTER)) {
+            entry.Offset = leaf.Offset;
+            delete std::exchange(entry.PointerPath, new std::vector<const CAttribInfor*>(1, &compound));
+        } else {
+            entry.Offset = compound.Offset + leaf.Offset;
+        }
+        entry.FlatName = key;
+        entry.AttribInfor = leaf.AttribInfor;
+    }
+}
+
+const CFlatAttribInfor* CClassInfor::FindAttribInforByFlatName(const std::string& name) const
+{
+    auto found = FlatAttribMap.find(name);
+    if (found == FlatAttribMap.end()) {
+        const std::size_t dot = name.find('.');
+        if (dot == std::string::npos) return nullptr;
+        std::string joined = name;
+        std::replace(joined.begin() + static_cast<std::ptrdiff_t>(dot), joined.end(), '.', '_');
+        found = FlatAttribMap.find(joined);
+    }
+    return found != FlatAttribMap.end() ? &found->second : nullptr;
+}
+
+} // namespace vexa
