@@ -45,6 +45,9 @@ public:
     CAttribRange Attribs() const;
 };
 
+/// Whether an attribute of the object at \p object is an ordinary one, or the active member of its union.
+VEXA_API bool IsActiveAttrib(const CAttribInfor& attrib, const void* object);
+
 /// What both attribute iterators are: a walk over the attributes of one object, which must outlive it unmoved.
 template<class Position>
 struct CAttribWalk {
@@ -120,13 +123,7 @@ public:
     bool operator==(CWalkEnd) const { return IsEnd(); }
 
 private:
-    bool IsVisited() const
-    {
-        if (Pos->UnionSelector == nullptr || Object == nullptr) return true;
-        const CAttribInfor& selector = *Pos->UnionSelector;
-        const CStdBasicTypeConstRefrence value(selector.TypeInfor, static_cast<char*>(Object) + selector.Offset);
-        return value.As_short() == Pos->UnionAttribEnum;
-    }
+    bool IsVisited() const { return Object == nullptr || IsActiveAttrib(*Pos, Object); }
 };
 
 /// The attributes of one object, for a range-for. Holds its own copy of the reference, so that it may be made from a

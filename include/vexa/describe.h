@@ -5,14 +5,15 @@
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include <vexa/class_refrence.h>
 #include <vexa/container_refrence.h>
-#include <vexa/detail/description.h>
+#include <vexa/detail/class_slot.h>
 #include <vexa/detail/for_each.h>
-#include <vexa/detail/type_source.h>
 #include <vexa/json.h>
 #include <vexa/may_null.h>
+#include <vexa/table.h>
 #include <vexa/text.h>
 
 /// \file
@@ -38,6 +39,23 @@
     }                                                                                                                  \
     inline void VexaDescribe([[maybe_unused]] ::vexa::CDescription<Type>& about)
 
+/// Describes a type that wraps one value of a basic type, \p member, as a basic type of its own.
+#define VEXA_DESCRIBE_CUSTOM_STD(Type, member)                                                                         \
+    inline void VexaDescribeCustom(::vexa::detail::CCustomTag<Type>, ::vexa::CCustomBasicTypeInfor*& descriptor)       \
+    {                                                                                                                  \
+        ::vexa::detail::DescribeStd<Type>(descriptor, #Type, member);                                                  \
+    }
+
+/// Describes a type that converts itself to and from a vexa::CValue as a basic type of its own, with a number of the
+/// application's. The converters are members of the type, `void ToValue(vexa::CValue& out) const` and
+/// `void FromValue(const vexa::CValue& in)`, or functions beside it, `void ToValue(const Type&, vexa::CValue&)` and
+/// `void FromValue(Type&, const vexa::CValue&)`. A null `in` asks for the empty state.
+#define VEXA_DESCRIBE_CUSTOM_ANY(Type, id)                                                                             \
+    inline void VexaDescribeCustom(::vexa::detail::CCustomTag<Type>, ::vexa::CCustomBasicTypeInfor*& descriptor)       \
+    {                                                                                                                  \
+        ::vexa::detail::DescribeAny<Type>(descriptor, #Type, id);                                                      \
+    }
+
 /// Inside a class: lets its description reach private members.
 #define VEXA_FRIEND(Type) friend void VexaDescribe(::vexa::CDescription<Type>&)
 
@@ -49,78 +67,6 @@
     });
 
 namespace vexa {
-
-namespace detail {
-
-/// Whether a base sub-object lies at one fixed, reachable place.
-template<class Base, class Derived, class = void>
-inline constexpr bool IS_FIXED_BASE = false;
-template<class Base, class Derived>
-inline constexpr bool
-    IS_FIXED_BASE<Base, Derived, std::void_t<decltype(static_cast<Derived*>(std::declval<Base*>()))>> =
-        std::is_base_of_v<Base, Derived>;
-
-#define VEXA_DETAIL_FIXED_BASE_TEXT                                                                                    \
-    "a virtual, ambiguous or private base cannot be described: make it a plain public base or a member"
-
-/// A pointer to a data member is the member's offset (Itanium C++ ABI, 2.3.1).
-template<class Member, class Class>
-unsigned long OffsetOf(Member Class::*member)
-{
-    static_assert(sizeof member == sizeof(unsigned long));
-    unsigned long offset = 0;
-    std::memcpy(&offset, &member, sizeof offset);
-    return offset;
-}
-
-template<class T>
-CClassSlot& ClassSlotOf();
-
-} // namespace detail
-
-/// What a description is written with.
-template<class T>
-class CDescription : public detail::CDescriptionBase {
-public:
-    explicit CDescription(CClassInfor& infor) noexcept : CDescriptionBase(infor) {}
-    explicit CDescription(detail::CSurvey& survey) noexcept : CDescriptionBase(survey) {}
-
-    /// Adds the attributes of a described base class. Call it before Attrib, for them to come first.
-    template<class B>
-    void Base()
-    {
-        static_assert(detail::IS_FIXED_BASE<B, T>, VEXA_DETAIL_FIXED_BASE_TEXT);
-        if constexpr (detail::IS_FIXED_BASE<B, T>) {
-            auto* const derived = reinterpret_cast<T*>(alignof(T) * 64);
-            const auto offset = reinterpret_cast<char*>(static_cast<B*>(derived)) - reinterpret_cast<char*>(derived);
-            AddBase(detail::ClassSlotOf<B>(), static_cast<unsigned long>(offset));
-        }
-    }
-    /// Adds one member. Its type says how it is held; \p name is what it is found by.
-    template<class M, class C>
-    CAttribDescription Attrib(const char* name, M C::*member)
-    {
-        static_assert(!std::is_function_v<M>, "a member function cannot be described: describe the data member that it gives");
-        constexpr bool IS_REACHABLE = std::is_same_v<C, T> || detail::IS_FIXED_BASE<C, T>;
-        static_assert(IS_REACHABLE, VEXA_DETAIL_FIXED_BASE_TEXT);
-        if constexpr (IS_REACHABLE) {
-            return AddAttrib(name, detail::OffsetOf<M, T>(member), detail::TYPE_SOURCE<M>);
-        } else {
-            return {nullptr, nullptr};
-        }
-    }
-    /// One member of VEXA_DESCRIBE; \p pointer gives the pointer to it, where there can be one.
-    template<class Declared, class Pointer>
-    void Member(const char* name, Pointer pointer)
-    {
-        constexpr bool IS_ADDRESSABLE = std::is_invocable_v<Pointer, T*>;
-        static_assert(!std::is_reference_v<Declared>,
-                      "a reference member cannot be described: make it a pointer or a value");
-        static_assert(std::is_reference_v<Declared> || IS_ADDRESSABLE,
-                      "a bit-field cannot be described: make it a member of its full type");
-        if constexpr (IS_ADDRESSABLE) Attrib(name, pointer(static_cast<T*>(nullptr)));
-    }
-};
 
 /// The descriptor of a described class; registers it on first use.
 template<class T>
@@ -195,8 +141,19 @@ int FromJson(T& object, const std::string& text)
     return FromJson(RefOf(object), text);
 }
 
-} // namespace vexa
+/// The table functions on a container of objects itself.
+template<class Container, class = detail::IfObject<Container>>
+bool TableFromObjects(CTable& table, const Container& container, const std::vector<std::string>& columns = {})
+{
+    return TableFromObjects(table, RefOf(container).AsContainer(), columns);
+}
+template<class Container, class = detail::IfObject<Container>>
+bool ObjectsFromTable(Container& container, const CTable& table, std::vector<std::string>* unknown = nullptr)
+{
+    CContainerRefrence ref = RefOf(container).AsContainer();
+    return ObjectsFromTable(ref, table, unknown);
+}
 
-#include <vexa/detail/class_slot.h>
+} // namespace vexa
 
 #endif

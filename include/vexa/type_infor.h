@@ -77,7 +77,13 @@ public:
     /// Copies; on a failed allocation the target is unchanged.
     CGnlTypeInfor& operator=(const CGnlTypeInfor& other)
     {
-        if (this != &other) *this = CGnlTypeInfor(other);
+        if (this == &other) return *this;
+        if (OwnsDetail() || other.OwnsDetail()) return *this = CGnlTypeInfor(other);
+        DataType = other.DataType;
+        HoldingFlags = other.HoldingFlags;
+        NullFlagOffset = other.NullFlagOffset;
+        ValueOffset = other.ValueOffset;
+        DetailInfor = other.DetailInfor;
         return *this;
     }
     CGnlTypeInfor& operator=(CGnlTypeInfor&& other) noexcept
@@ -124,7 +130,11 @@ public:
     ///
     /// A DT_VALUE answers for itself at the holder, even with HF_POINTER set: the pointer variable is then taken for the
     /// value. A caller that holds a CValue through a pointer must test the pointer itself.
-    bool IsNull(const void* holder) const;
+    bool IsNull(const void* holder) const
+    {
+        if (holder == nullptr || DataType == Enum::DT_NULL) return true;
+        return (DataType == Enum::DT_VALUE || Has(Enum::HF_NULLABLE)) && IsNullableNull(holder);
+    }
     /// Bytes of one value (not of its holder); 0 for a type without size.
     unsigned long Sizeof() const;
     /// A new default value on the heap, for Delete to release; arithmetic values and tm are not initialised.
@@ -158,6 +168,7 @@ public:
 
 private:
     bool OwnsDetail() const noexcept { return DataType == Enum::DT_CUSTOM_OWNED && DetailInfor != nullptr; }
+    bool IsNullableNull(const void* holder) const;
     static const CTypeInforBase* CopyOfOwned(const CTypeInforBase* owned);
     static void ReleaseOwned(const CTypeInforBase* owned) noexcept;
 };

@@ -13,12 +13,15 @@
 #include <vexa/data_type.h>
 #include <vexa/date_time.h>
 #include <vexa/describe.h>
+#include <vexa/group.h>
 #include <vexa/helper.h>
 #include <vexa/json.h>
 #include <vexa/may_null.h>
 #include <vexa/numeric.h>
 #include <vexa/refrence.h>
+#include <vexa/table.h>
 #include <vexa/text.h>
 #include <vexa/type_infor.h>
+#include <vexa/value.h>
 
 #endif

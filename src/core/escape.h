@@ -92,22 +92,16 @@ inline std::size_t FindByteToEscape(const unsigned char* p, std::size_t n) noexc
     return i;
 }
 
-/// Exact number of bytes that `n` bytes at `p` take when they are escaped.
-inline unsigned long EscapedLength(const char* p, std::size_t n) noexcept
+/// The room that is counted for `n` bytes at `p` when they are escaped: exact, but that a control byte with a letter of its own
+/// is counted like one without.
+inline unsigned long EscapedRoom(const char* p, std::size_t n) noexcept
 {
     const auto* bytes = reinterpret_cast<const unsigned char*>(p);
-    unsigned long length = 0;
-    for (std::size_t i = 0; i < n;) {
-        if (const char letter = kEscapes[bytes[i]]) {
-            length += EscapeLength(letter);
-            ++i;
-            continue;
-        }
-        const std::size_t run = FindByteToEscape(bytes + i, n - i);
-        length += run;
-        i += run;
+    unsigned long room = n;
+    for (std::size_t i = FindByteToEscape(bytes, n); i < n; i += 1 + FindByteToEscape(bytes + i + 1, n - i - 1)) {
+        room += bytes[i] == '"' || bytes[i] == '\\' || bytes[i] == '/' ? 1 : 5;
     }
-    return length;
+    return room;
 }
 
 /// helper::SetStringWithEscape for text that is not in a string. `p` may be null when `n` is 0.

@@ -55,6 +55,15 @@ constexpr CTypeRow Object(const char* name)
     return {name, sizeof(T), &Make<T>, &Destroy<T>};
 }
 
+/// A record, known here by its size only.
+template<class T>
+constexpr CTypeRow Record(const char* name, unsigned long size)
+{
+    CTypeRow row{name, size, &MakeRecord<T>, &DestroyRecord<T>};
+    row.Clear = &ClearRecord<T>;
+    return row;
+}
+
 constexpr CTypeRow FromDetail(TypeSource source)
 {
     CTypeRow row;
@@ -103,11 +112,12 @@ constexpr std::array<CTypeRow, 256> MakeRows()
     rows[DT_TM] = Raw<tm>("tm");
     rows[DT_DATETIME] = Object<CDateTime>("vexa::CDateTime");
     SetContainerRows(rows);
-    rows[DT_GNL_CLASS] = {"vexa::CGnlClass", 72};
-    rows[DT_REFERENCE_GROUP] = {"vexa::CReferenceGroup", 72};
-    rows[DT_ROW] = {"vexa::CRow", 24};
-    rows[DT_TABLE] = {"vexa::CTable", 48};
-    rows[DT_VALUE] = {"vexa::CValue", 64};
+    rows[DT_GNL_CLASS] = Record<CGnlClass>("vexa::CGnlClass", 72);
+    rows[DT_REFERENCE_GROUP] = Record<CReferenceGroup>("vexa::CReferenceGroup", 72);
+    rows[DT_ROW] = Record<CRow>("vexa::CRow", 24);
+    rows[DT_TABLE] = Record<CTable>("vexa::CTable", 48);
+    rows[DT_VALUE] = {"vexa::CValue",   64, &MakeRecord<CValue>, &DestroyRecord<CValue>, &IsNullValue, &SetNullValue,
+                      &SetNotNullValue};
     rows[DT_BITSET_NODE] = {"std_bitset_node", 0};
     return rows;
 }

@@ -5,7 +5,26 @@
 /// One row per type code: what the descriptor operations need to know of a type. Every list of codes that these operations
 /// would otherwise repeat is a column here.
 
-namespace vexa::core {
+namespace vexa {
+
+class CGnlClass;
+class CReferenceGroup;
+class CRow;
+class CTable;
+class CValue;
+
+namespace core {
+
+/// What the record types contribute to their rows. Defined on the floors where those types stand.
+template<class Record>
+void* MakeRecord();
+template<class Record>
+void DestroyRecord(void* record);
+template<class Record>
+void ClearRecord(void* record);
+bool IsNullValue(const void* value);
+void SetNullValue(void* value);
+void SetNotNullValue(void* value);
 
 /// Where a type's size, name and life cycle come from.
 enum class TypeSource : unsigned char {
@@ -25,11 +44,13 @@ struct CTypeRow {
     void (*SetNull)(void* value) = nullptr;
     void (*SetNotNull)(void* value) = nullptr;
     TypeSource Source = TypeSource::Row;
+    void (*Clear)(void* record) = nullptr; ///< empties a record; null for every other type
 };
 
 /// The row of a code, assigned or not.
 const CTypeRow& TypeRow(unsigned char code) noexcept;
 
-} // namespace vexa::core
+} // namespace core
+} // namespace vexa
 
 #endif

@@ -44,21 +44,20 @@ bool CClassConstRefrence::FindAttribByUnionAttribEnum(CConstRefrence& out, short
     return !IsNull() && SetToAttrib(out, *this, ClassInfor().UnionAttribEnumMap().FindAttrib(value));
 }
 
+bool IsActiveAttrib(const CAttribInfor& attrib, const void* object)
+{
+    const CAttribInfor* const selector = attrib.UnionSelector;
+    if (selector == nullptr) return true;
+    const CStdBasicTypeConstRefrence value(selector->TypeInfor, static_cast<const char*>(object) + selector->Offset);
+    return value.As_short() == attrib.UnionAttribEnum;
+}
+
 void CClassInfor::GetUnionAttrib(CConstRefrence& out, const void* object, AttribPosition& position) const
 {
-    const auto addressOf = [object](const CAttribInfor& record) {
-        return static_cast<const char*>(object) + record.Offset;
-    };
-    for (; position != AttribList.end(); ++position) {
-        const CAttribInfor* const selector = position->UnionSelector;
-        if (selector != nullptr) {
-            const CStdBasicTypeConstRefrence value(selector->TypeInfor, addressOf(*selector));
-            if (value.As_short() != position->UnionAttribEnum) continue;
-        }
-        out.TypeInfor = position->TypeInfor;
-        out.Address = const_cast<char*>(addressOf(*position));
-        return;
-    }
+    while (position != AttribList.end() && !IsActiveAttrib(*position, object)) ++position;
+    if (position == AttribList.end()) return;
+    out.TypeInfor = position->TypeInfor;
+    out.Address = static_cast<char*>(const_cast<void*>(object)) + position->Offset;
 }
 
 } // namespace vexa

@@ -6,12 +6,57 @@
 
 namespace vexa::reference {
 
-/// The standard value inside a custom basic value; without address when the custom value is null.
-inline CConstRefrence StandardValue(const CConstRefrence& custom)
+/// A tagged value, made and destroyed through the type table, since the type itself stands on a higher floor.
+class CMadeValue {
+public:
+    CMadeValue() : m_value(CGnlTypeInfor(Enum::DT_VALUE).New()) {}
+    CMadeValue(const CMadeValue&) = delete;
+    CMadeValue& operator=(const CMadeValue&) = delete;
+    ~CMadeValue() { CGnlTypeInfor(Enum::DT_VALUE).Delete(m_value); }
+
+    CValue& Get() const { return *static_cast<CValue*>(m_value); }
+    /// The value as the reference that it is.
+    CStdBasicTypeRefrence& AsRefrence() const { return *static_cast<CStdBasicTypeRefrence*>(m_value); }
+    /// The value as something to be described: kind DT_VALUE.
+    CRefrence Described() const { return {CGnlTypeInfor(Enum::DT_VALUE), m_value}; }
+
+private:
+    void* m_value;
+};
+
+/// Gives a value the type and the contents of a basic one. Defined on the floor of the value.
+void AssignValue(CValue& value, const CStdBasicTypeConstRefrence& source);
+
+inline const CCustomBasicTypeInfor& CustomInfor(const CGnlTypeInfor& type)
 {
-    const auto& infor = *static_cast<const CCustomBasicTypeInfor*>(custom.TypeInfor.DetailInfor);
+    return *static_cast<const CCustomBasicTypeInfor*>(type.DetailInfor);
+}
+
+/// Whether a custom type has a layout of its own, which only its converters know.
+inline bool HasOwnLayout(const CGnlTypeInfor& custom)
+{
+    const CCustomBasicTypeInfor& infor = CustomInfor(custom);
+    return infor.Underlying.DataType == Enum::DT_UNKNOWN && (infor.ToValue != nullptr || infor.FromValue != nullptr);
+}
+
+/// The standard value where it lies inside a custom value; without address when the custom value is null.
+inline CRefrence StandardValueInPlace(const CConstRefrence& custom)
+{
     auto* const object = static_cast<char*>(custom.ValueAddress());
+    const CCustomBasicTypeInfor& infor = CustomInfor(custom.TypeInfor);
     return {infor.Underlying, object != nullptr ? object + infor.ValueOffset : nullptr};
+}
+
+/// Calls \p use with a reference to the standard value of a custom value, in place or converted, and gives its result.
+template<class Use>
+auto WithStandardValue(const CConstRefrence& custom, Use&& use)
+{
+    const void* const object = custom.ValueAddress();
+    const auto convert = CustomInfor(custom.TypeInfor).ToValue;
+    if (object == nullptr || convert == nullptr || !HasOwnLayout(custom.TypeInfor)) return use(StandardValueInPlace(custom));
+    const CMadeValue value;
+    convert(object, value.Get());
+    return use(static_cast<const CConstRefrence&>(value.AsRefrence()));
 }
 
 } // namespace vexa::reference

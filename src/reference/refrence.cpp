@@ -8,6 +8,7 @@
 #include <vexa/helper.h>
 
 #include "core/basic_types.h"
+#include "core/type_table.h"
 #include "reference/custom_value.h"
 
 namespace vexa {
@@ -23,26 +24,34 @@ void ClearClass(const CClassConstRefrence& object)
     }
 }
 
+/// Only the converter of a type with a layout of its own knows its empty state: that of a null value.
+void ClearCustom(const CRefrence& custom)
+{
+    if (!reference::HasOwnLayout(custom.TypeInfor)) return reference::StandardValueInPlace(custom).Clear();
+    const auto convert = reference::CustomInfor(custom.TypeInfor).FromValue;
+    void* const object = custom.ValueAddress();
+    if (convert != nullptr && object != nullptr) convert(object, reference::CMadeValue().Get());
+}
+
 } // namespace
 
 void CRefrence::Clear()
 {
-    if (TypeInfor.Has(HF_NULLABLE) || TypeInfor.DataType == DT_VALUE) {
-        TypeInfor.SetNull(Address);
-    } else if (TypeInfor.Has(HF_CONST) || Address == nullptr) {
-        return;
-    } else if (TypeInfor.IsBasicType()) {
-        AsStdBasicType().Clear();
-    } else if (TypeInfor.IsContainer()) {
-        AsContainer().Clear();
-    } else if (TypeInfor.DataType == DT_CLASS) {
-        ClearClass(AsClass());
-    } else if (TypeInfor.DataType == DT_CUSTOM_BASIC) {
-        const CConstRefrence value = reference::StandardValue(*this);
-        CRefrence(value.TypeInfor, value.Address).Clear();
-    } else {
+    if (TypeInfor.Has(HF_NULLABLE) || TypeInfor.DataType == DT_VALUE) return SetNull();
+    const unsigned char code = TypeInfor.DataType;
+    auto* const clearRecord = core::TypeRow(code).Clear;
+    const bool isNesting = code == DT_CLASS || TypeInfor.IsContainer();
+    if (!isNesting && !TypeInfor.IsBasicType() && code != DT_CUSTOM_BASIC && clearRecord == nullptr) {
         helper::LogError("Not supported type %s In function CRefrence::Clear()", TypeName().c_str());
+        return;
     }
+    void* const value = Address != nullptr && !TypeInfor.Has(HF_CONST) ? TypeInfor.ValueAddress(Address) : nullptr;
+    if (value == nullptr) return;
+    if (code == DT_CLASS) ClearClass(AsClass());
+    else if (TypeInfor.IsContainer()) AsContainer().Clear();
+    else if (code == DT_CUSTOM_BASIC) ClearCustom(*this);
+    else if (clearRecord != nullptr) clearRecord(value);
+    else AsStdBasicType().Clear();
 }
 
 void CStdBasicTypeRefrence::Clear()

@@ -69,19 +69,8 @@ CJsonLength MeasureInteger(Type, typename Type::Type value)
     }
 }
 
-/// Two quotes, and what each byte may take when it is escaped: a control character with a letter of its own is counted
-/// like one without.
-CJsonLength MeasureText(const char* text, std::size_t length)
-{
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(text);
-    unsigned long measured = 2 + length;
-    for (std::size_t i = core::FindByteToEscape(bytes, length); i < length;) {
-        measured += bytes[i] == '"' || bytes[i] == '\\' || bytes[i] == '/' ? 1 : 5;
-        ++i;
-        i += core::FindByteToEscape(bytes + i, length - i);
-    }
-    return Within(measured);
-}
+/// With two quotes.
+CJsonLength MeasureText(const char* text, std::size_t length) { return Within(2 + core::EscapedRoom(text, length)); }
 
 unsigned long NumericLength(const CNumeric& value)
 {

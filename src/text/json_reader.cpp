@@ -4,6 +4,7 @@
 
 #include <vexa/class_refrence.h>
 #include <vexa/container_refrence.h>
+#include <vexa/group.h>
 #include <vexa/json.h>
 
 #include "reference/custom_value.h"
@@ -24,6 +25,25 @@ struct CObjectCodes {
 
 constexpr CObjectCodes CLASS_CODES = {CLASS_NO_BRACE, CLASS_ENDS_BEFORE_KEY, CLASS_NO_KEY,           CLASS_KEY_NOT_CLOSED,
                                       CLASS_NO_COLON, CLASS_NO_VALUE,        CLASS_ENDS_AFTER_VALUE, CLASS_NO_SEPARATOR};
+
+constexpr CObjectCodes GENERIC_CODES = {GENERIC_NO_BRACE,       GENERIC_ENDS_BEFORE_KEY, GENERIC_NO_KEY,
+                                        GENERIC_KEY_NOT_CLOSED, GENERIC_NO_COLON,        GENERIC_NO_VALUE,
+                                        GENERIC_ENDS_AFTER_VALUE, GENERIC_NO_SEPARATOR};
+
+/// Finds the entries of a generic object by their keys.
+class CGenericKeys {
+public:
+    explicit CGenericKeys(const CGnlClass& object) : m_object(object) {}
+    CRefrence Find(const char* key, std::size_t length) const
+    {
+        CRefrence found;
+        m_object.FindAttribByName(found, std::string(key, length));
+        return found;
+    }
+
+private:
+    const CGnlClass& m_object;
+};
 
 /// Finds the attributes of one object by their keys. Text that was written from such an object has them in the order of the
 /// class, so the next few records are tried before the index.
@@ -88,7 +108,7 @@ private:
         if (code == DT_STD_STRING) return ReadString(target);
         if (target.TypeInfor.IsBasicType()) return ReadBasic(target);
         if (code == DT_CUSTOM_BASIC) return ReadCustom(target);
-        if (code == DT_CLASS || target.TypeInfor.IsContainer()) return ReadNesting(target);
+        if (code == DT_CLASS || code == DT_GNL_CLASS || target.TypeInfor.IsContainer()) return ReadNesting(target);
         return KIND_UNREADABLE;
     }
 
@@ -96,7 +116,10 @@ private:
     {
         if (m_depth == MAX_NESTING_DEPTH) return NESTED_TOO_DEEP;
         ++m_depth;
-        const int code = target.TypeInfor.DataType == DT_CLASS ? ReadClass(target) : ReadArray(target);
+        int code = 0;
+        if (target.TypeInfor.DataType == DT_CLASS) code = ReadClass(target);
+        else if (target.TypeInfor.DataType == DT_GNL_CLASS) code = ReadGeneric(target);
+        else code = ReadArray(target);
         --m_depth;
         return code;
     }
@@ -110,10 +133,38 @@ private:
 
     int ReadCustom(CRefrence& target)
     {
+        if (reference::HasOwnLayout(target.TypeInfor)) return ReadConverted(target);
         if (!target.TypeInfor.IsStringTypeEx()) return BASIC_UNREADABLE;
         target.SetNotNull();
-        auto* const string = static_cast<std::string*>(reference::StandardValue(target).ValueAddress());
+        auto* const string = static_cast<std::string*>(reference::StandardValueInPlace(target).ValueAddress());
         return string != nullptr && ReadJsonString(*string, m_cursor) == 0 ? 0 : static_cast<int>(CUSTOM_STRING_UNREADABLE);
+    }
+
+    /// A custom value that only its converter can set: the text tells the type of the standard value.
+    int ReadConverted(CRefrence& target)
+    {
+        const auto convert = reference::CustomInfor(target.TypeInfor).FromValue;
+        if (convert == nullptr) return BASIC_UNREADABLE;
+        target.SetNotNull();
+        void* const object = target.ValueAddress();
+        if (object == nullptr) return KIND_UNREADABLE;
+        const reference::CMadeValue value;
+        if (const int code = ReadUntyped(value)) return code;
+        convert(object, value.Get());
+        return 0;
+    }
+
+    int ReadUntyped(const reference::CMadeValue& value)
+    {
+        std::string string;
+        bool truth = false;
+        long long number = 0;
+        CRefrence read(CGnlTypeInfor(DT_LONG_LONG), &number);
+        if (m_cursor.IsAt('"')) read = CRefrence(CGnlTypeInfor(DT_STD_STRING), &string);
+        else if (m_cursor.IsAt('t') || m_cursor.IsAt('f')) read = CRefrence(CGnlTypeInfor(DT_BOOL), &truth);
+        const int code = ReadValue(read);
+        if (code == 0) reference::AssignValue(value.Get(), read.AsStdBasicType());
+        return code;
     }
 
     int ReadBasic(CRefrence& target)
@@ -157,6 +208,13 @@ private:
         target.SetNotNull();
         if (target.ValueAddress() == nullptr) return KIND_UNREADABLE;
         return ReadMembers(CClassKeys(target.AsClass()), CLASS_CODES);
+    }
+
+    int ReadGeneric(const CRefrence& target)
+    {
+        if (!m_cursor.IsAt('{')) return GENERIC_CODES.NoBrace;
+        const auto* const object = static_cast<const CGnlClass*>(target.ValueAddress());
+        return object != nullptr ? ReadMembers(CGenericKeys(*object), GENERIC_CODES) : static_cast<int>(KIND_UNREADABLE);
     }
 
     /// Stands before the brace.

@@ -1,9 +1,10 @@
 // Writing any value as compact JSON: one walk, made first to measure and then to write.
 
-#include <cstring>
+#include <utility>
 
 #include <vexa/class_refrence.h>
 #include <vexa/container_refrence.h>
+#include <vexa/group.h>
 #include <vexa/helper.h>
 #include <vexa/json.h>
 
@@ -56,7 +57,7 @@ public:
     {
         if (value.ValueAddress() == nullptr) return;
         if (value.TypeInfor.DataType == DT_CHAR) return CharacterCode(value);
-        const bool isQuoted = declared.TypeInfor.IsStringTypeEx();
+        const bool isQuoted = IsQuoted(declared, value);
         if (isQuoted) Put('"');
         value.AsStdBasicType().AppendToString(m_buffer, m_position, m_capacity, true);
         if (isQuoted) Put('"');
@@ -85,6 +86,13 @@ public:
 
 private:
     void Put(char byte) { m_buffer[m_position++] = byte; }
+    /// A value that a converter gave is quoted by what it is.
+    static bool IsQuoted(const CConstRefrence& declared, const CConstRefrence& value)
+    {
+        const bool isConverted =
+            declared.TypeInfor.DataType == DT_CUSTOM_BASIC && reference::HasOwnLayout(declared.TypeInfor);
+        return (isConverted ? value : declared).TypeInfor.IsStringTypeEx();
+    }
     void CharacterCode(const CConstRefrence& value)
     {
         const unsigned int code = core::Load<unsigned char>(value.ValueAddress());
@@ -112,8 +120,8 @@ public:
         } else if (ref.TypeInfor.IsBasicType()) {
             m_sink.Basic(ref, ref);
         } else if (code == DT_CUSTOM_BASIC) {
-            m_sink.Basic(ref, reference::StandardValue(ref));
-        } else if (code == DT_CLASS || ref.TypeInfor.IsContainer()) {
+            reference::WithStandardValue(ref, [&](const CConstRefrence& value) { m_sink.Basic(ref, value); });
+        } else if (code == DT_CLASS || ref.TypeInfor.IsContainer() || code == DT_GNL_CLASS || code == DT_REFERENCE_GROUP) {
             WalkNesting(ref, outer);
         } else {
             m_sink.Unsupported(ref);
@@ -132,9 +140,26 @@ private:
             m_isTooDeep = true;
         } else if (ref.TypeInfor.DataType == DT_CLASS) {
             WalkClass(ref.AsClass(), nesting);
+        } else if (ref.TypeInfor.DataType == DT_GNL_CLASS) {
+            WalkGroup(*static_cast<const CGnlClass*>(ref.ValueAddress()), nesting);
+        } else if (ref.TypeInfor.DataType == DT_REFERENCE_GROUP) {
+            WalkGroup(*static_cast<const CReferenceGroup*>(ref.ValueAddress()), nesting);
         } else {
             WalkContainer(ref.AsContainer(), nesting);
         }
+    }
+
+    /// Of the named entries none is left out for being null; the indexed ones have no keys.
+    template<class Group>
+    void WalkGroup(const Group& group, const text::CNesting& nesting)
+    {
+        m_sink.Open('{');
+        bool isFirst = true;
+        for (const auto& [name, ref] : group.Named) {
+            m_sink.Key(name, std::exchange(isFirst, false));
+            Walk(ref, &nesting);
+        }
+        m_sink.Close('}');
     }
 
     void WalkClass(const CClassConstRefrence& object, const text::CNesting& nesting)

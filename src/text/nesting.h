@@ -26,13 +26,17 @@ public:
 private:
     CNesting(const CNesting* outer, const CConstRefrence& object)
         : m_outer(outer), m_object(object.ValueAddress()), m_type(object.TypeInfor.DetailInfor),
-          m_depth(outer != nullptr ? outer->m_depth + 1 : 1), m_isPointer(object.TypeInfor.Has(Enum::HF_POINTER))
+          m_depth(outer != nullptr ? outer->m_depth + 1 : 1), m_isReached(IsReachedByPointer(object.TypeInfor))
     {
     }
-    /// Only a pointer leads back to where the walk has come from.
+    /// Only these lead back to where the walk has come from; the entries of a group are references, that is pointers.
+    static bool IsReachedByPointer(const CGnlTypeInfor& type)
+    {
+        return type.Has(Enum::HF_POINTER) || type.DataType == Enum::DT_GNL_CLASS || type.DataType == Enum::DT_REFERENCE_GROUP;
+    }
     bool IsInsideItself() const
     {
-        if (!m_isPointer) return false;
+        if (!m_isReached) return false;
         for (const CNesting* outer = m_outer; outer != nullptr; outer = outer->m_outer) {
             if (outer->m_object == m_object && outer->m_type == m_type) return true;
         }
@@ -43,7 +47,7 @@ private:
     const void* m_object;
     const CTypeInforBase* m_type;
     unsigned long m_depth;
-    bool m_isPointer;
+    bool m_isReached;
 };
 
 } // namespace vexa::text

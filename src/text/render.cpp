@@ -1,16 +1,18 @@
 // Rendering any value as indented text.
 
-#include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include <vexa/class_refrence.h>
 #include <vexa/container_refrence.h>
+#include <vexa/group.h>
 #include <vexa/helper.h>
 #include <vexa/text.h>
 
 #include "core/basic_types.h"
 #include "reference/custom_value.h"
 #include "text/nesting.h"
+#include "text/record_text.h"
 
 namespace vexa {
 
@@ -29,7 +31,7 @@ struct CPlace {
 class CRenderer {
 public:
     CRenderer(std::string& out, AsStringFormatEnum format)
-        : m_out(out), m_hasTypes(format == ASF_TYPE_AND_VALUE || format == ASF_TYPE_ONLY),
+        : m_out(out), m_format(format), m_hasTypes(format == ASF_TYPE_AND_VALUE || format == ASF_TYPE_ONLY),
           m_hasValues(format != ASF_TYPE_ONLY)
     {
     }
@@ -41,6 +43,17 @@ public:
         if (m_hasValues) RenderValue(ref, {1, true}, nullptr);
     }
 
+    /// A group by itself: with types, its entries stand below the header and then once more at its own level.
+    template<class Group>
+    void RenderGroupAlone(const Group& group, const char* header)
+    {
+        if (m_hasTypes) {
+            m_out.append(header);
+            RenderGroup(group, {1, true}, nullptr);
+        }
+        RenderGroup(group, {0, true}, nullptr);
+    }
+
 private:
     void RenderValue(const CConstRefrence& ref, CPlace place, const text::CNesting* outer)
     {
@@ -49,16 +62,33 @@ private:
         if (ref.ValueAddress() == nullptr) return RenderFixed("NULL");
         if (code == DT_CUSTOM_BASIC) return RenderCustom(ref, place, outer);
         if (ref.TypeInfor.IsBasicType()) return ref.AsStdBasicType().AppendToString(m_out, false);
-        if (code == DT_CLASS || ref.TypeInfor.IsContainer()) return RenderNesting(ref, place, outer);
+        if (code == DT_CLASS || ref.TypeInfor.IsContainer() || IsGroup(code)) return RenderNesting(ref, place, outer);
         if (code == DT_UNKNOWN) return RenderFixed("unkown");
-        LogUnsupported(ref);
+        RenderRecord(ref, place, outer);
+    }
+
+    static bool IsGroup(unsigned char code) { return code == DT_GNL_CLASS || code == DT_REFERENCE_GROUP; }
+
+    void RenderRecord(const CConstRefrence& ref, CPlace place, const text::CNesting* outer)
+    {
+        const void* const record = ref.ValueAddress();
+        switch (ref.TypeInfor.DataType) {
+        case DT_VALUE: return RenderValue(*static_cast<const CConstRefrence*>(record), place, outer); // it is a reference
+        case DT_ROW: return text::AppendRow(m_out, *static_cast<const CRow*>(record), m_format);
+        case DT_TABLE:
+            return text::AppendTable(m_out, *static_cast<const CTable*>(record), m_format, 2 * place.Level, place.BreaksLine);
+        default: LogUnsupported(ref);
+        }
     }
 
     void RenderNesting(const CConstRefrence& ref, CPlace place, const text::CNesting* outer)
     {
         const text::CNesting nesting = outer != nullptr ? text::CNesting(*outer, ref) : text::CNesting(ref);
         if (!nesting.IsEntered()) return text::CNesting::LogNotEntered(ref);
-        if (ref.TypeInfor.DataType == DT_CLASS) RenderClass(ref.AsClass(), place, nesting);
+        const unsigned char code = ref.TypeInfor.DataType;
+        if (code == DT_CLASS) RenderClass(ref.AsClass(), place, nesting);
+        else if (code == DT_GNL_CLASS) RenderGroup(*static_cast<const CGnlClass*>(ref.ValueAddress()), place, &nesting);
+        else if (code == DT_REFERENCE_GROUP) RenderGroup(*static_cast<const CReferenceGroup*>(ref.ValueAddress()), place, &nesting);
         else RenderContainer(ref.AsContainer(), place, nesting);
     }
 
@@ -82,7 +112,8 @@ private:
     void RenderCustom(const CConstRefrence& ref, CPlace place, const text::CNesting* outer)
     {
         if (m_hasTypes) m_out.append(ref.TypeInfor.RealTypeName()).append(": ");
-        if (m_hasValues) RenderValue(reference::StandardValue(ref), place, outer);
+        if (!m_hasValues) return;
+        reference::WithStandardValue(ref, [&](const CConstRefrence& value) { RenderValue(value, place, outer); });
     }
 
     void RenderClass(const CClassConstRefrence& object, CPlace place, const text::CNesting& nesting)
@@ -96,6 +127,25 @@ private:
             if (attrib.Infor().IsMasked) RenderFixed("***");
             else if (m_hasValues) RenderValue(attrib.Value(), place.Inner(true), &nesting);
         }
+    }
+
+    /// The named entries, then the indexed ones.
+    template<class Group>
+    void RenderGroup(const Group& group, CPlace place, const text::CNesting* nesting)
+    {
+        bool isFirst = true;
+        for (const auto& [name, ref] : group.Named) RenderEntry(name, ref, std::exchange(isFirst, false), place, nesting);
+        for (std::size_t index = 0; index < group.Indexed.size(); ++index) {
+            RenderEntry("column " + std::to_string(index), group.Indexed[index], index == 0, place, nesting);
+        }
+    }
+    void RenderEntry(const std::string& name, const CConstRefrence& ref, bool isFirst, CPlace place,
+                     const text::CNesting* nesting)
+    {
+        if (!isFirst || place.BreaksLine) BreakLine(place);
+        if (m_hasTypes) m_out.append(ref.TypeName()).append(" ");
+        m_out.append(name).append(": ");
+        if (m_hasValues) RenderValue(ref, place.Inner(place.BreaksLine), nesting);
     }
 
     void RenderContainer(const CContainerConstRefrence& container, CPlace place, const text::CNesting& nesting)
@@ -129,6 +179,7 @@ private:
     }
 
     std::string& m_out;
+    AsStringFormatEnum m_format;
     bool m_hasTypes;
     bool m_hasValues;
 };
@@ -151,6 +202,20 @@ void AsString(std::string& out, const CConstRefrence& ref, AsStringFormatEnum fo
 void AppendString(std::string& out, const CConstRefrence& ref, AsStringFormatEnum format)
 {
     CRenderer(out, format).Render(ref);
+}
+
+std::string CGnlClass::AsString(const AsStringFormatEnum& format) const
+{
+    std::string out;
+    CRenderer(out, format).RenderGroupAlone(*this, "vexa::CGnlClass: ");
+    return out;
+}
+
+std::string CReferenceGroup::AsString(const AsStringFormatEnum& format) const
+{
+    std::string out;
+    CRenderer(out, format).RenderGroupAlone(*this, "vexa::CReferenceGroup: ");
+    return out;
 }
 
 std::string CConstRefrence::AsString(const AsStringFormatEnum& format) const { return vexa::AsString(*this, format); }

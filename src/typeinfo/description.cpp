@@ -92,6 +92,17 @@ const CContainerInfor* Build(CContainerSlot& slot)
     return slot.Descriptor;
 }
 
+const CCustomBasicTypeInfor* Build(CCustomSlot& slot)
+{
+    typeinfo::EnterRegistration();
+    if (slot.Descriptor == nullptr) {
+        slot.Describe(slot.Descriptor);
+        Announce(slot, slot.Descriptor);
+    }
+    typeinfo::LeaveRegistration();
+    return slot.Descriptor;
+}
+
 const CGnlTypeInfor* Build(CTypeSlot& slot)
 {
     typeinfo::EnterRegistration();

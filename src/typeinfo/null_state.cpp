@@ -37,10 +37,8 @@ unsigned char* NullFlag(const CGnlTypeInfor& type, void* holder)
 
 } // namespace
 
-bool CGnlTypeInfor::IsNull(const void* holder) const
+bool CGnlTypeInfor::IsNullableNull(const void* holder) const
 {
-    if (holder == nullptr || DataType == DT_NULL) return true;
-    if (DataType != DT_VALUE && !Has(HF_NULLABLE)) return false;
     if (auto* const isNull = TypeRow(DataType).IsNull) return isNull(holder);
     if (Has(HF_POINTER)) return StoredPointer(holder) == nullptr;
     const unsigned char* const flag = NullFlag(*this, const_cast<void*>(holder));

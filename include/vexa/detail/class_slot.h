@@ -1,7 +1,7 @@
 #ifndef VEXA_DETAIL_CLASS_SLOT_H
 #define VEXA_DETAIL_CLASS_SLOT_H
 
-#include <vexa/describe.h>
+#include <vexa/detail/class_description.h>
 
 /// \file
 /// The slots of classes and containers: what each type contributes to its descriptor.
@@ -18,6 +18,9 @@ void* MakeObject()
 template<class T>
 void DestroyObject(void* object)
 {
+    if constexpr (HOLDS_RAW_POINTERS<T>) {
+        if (object != nullptr) Disown(*static_cast<T*>(object));
+    }
     if constexpr (std::is_array_v<T>) delete[] static_cast<std::remove_extent_t<T>*>(object);
     else if constexpr (std::is_destructible_v<T>) delete static_cast<T*>(object);
 }
@@ -73,11 +76,49 @@ void SurveyClass(CSurvey& survey, bool isByValue)
     AddToSurvey(survey, CLASS_SLOT<T>, isByValue);
 }
 
-template<class Container>
-void* MakeContainer()
+template<class T>
+inline CCustomSlot CUSTOM_SLOT{[](CCustomBasicTypeInfor*& descriptor) { VexaDescribeCustom(CCustomTag<T>(), descriptor); }};
+
+template<class T>
+const CTypeInforBase* CustomDetail()
 {
-    if constexpr (std::is_array_v<Container>) return new Container();
-    else return MakeObject<Container>();
+    return &DescriptorOf<CCustomBasicTypeInfor>(CUSTOM_SLOT<T>);
+}
+
+/// A custom type that wraps the standard value \p member.
+template<class T, class M>
+void DescribeStd(CCustomBasicTypeInfor*& descriptor, const char* name, M T::*member)
+{
+    constexpr CTypeSource SOURCE = TYPE_SOURCE<M>;
+    static_assert(BASIC_CODE<M> != Enum::DT_UNKNOWN, "a custom type can wrap a plain value of a basic type only: use VEXA_DESCRIBE_CUSTOM_ANY");
+    CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(descriptor, name, sizeof(T), &MakeObject<T>, &DestroyObject<T>,
+                                                       MakeTypeInfor(SOURCE), OffsetOf(member));
+}
+
+/// Members of this name, or else functions of the type's namespace.
+template<class T, class = void>
+inline constexpr bool CONVERTS_ITSELF = false;
+template<class T>
+inline constexpr bool CONVERTS_ITSELF<T, std::void_t<decltype(std::declval<const T&>().ToValue(std::declval<CValue&>())),
+                                                     decltype(std::declval<T&>().FromValue(std::declval<const CValue&>()))>> =
+    true;
+
+/// A custom type with a layout of its own.
+template<class T>
+void DescribeAny(CCustomBasicTypeInfor*& descriptor, const char* name, unsigned int customTypeID)
+{
+    CCustomBasicTypeInfor* made = nullptr;
+    CCustomBasicTypeInfor::InitCustomAnyBasicTypeInfor(made, name, sizeof(T), &MakeObject<T>, &DestroyObject<T>,
+                                                       CGnlTypeInfor(), customTypeID);
+    made->ToValue = [](const void* value, CValue& out) {
+        if constexpr (CONVERTS_ITSELF<T>) static_cast<const T*>(value)->ToValue(out);
+        else ToValue(*static_cast<const T*>(value), out);
+    };
+    made->FromValue = [](void* value, const CValue& in) {
+        if constexpr (CONVERTS_ITSELF<T>) static_cast<T*>(value)->FromValue(in);
+        else FromValue(*static_cast<T*>(value), in);
+    };
+    descriptor = made;
 }
 
 template<class Container>
@@ -98,8 +139,8 @@ inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSE
 template<class Container>
 inline CContainerSlot CONTAINER_SLOT{
     [](CContainerInfor& infor) {
-        infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container),
-                               &MakeContainer<Container>, &DestroyObject<Container>, 0);
+        infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container), &MakeObject<Container>, &DestroyObject<Container>,
+                               0);
         CKind<Container>::Fill(infor);
     },
     [] { return MakeTypeInfor(ELEMENT_SOURCE<Container>); }};
@@ -119,7 +160,7 @@ void SurveyContainer(CSurvey& survey, bool)
 /// Describes a class when the file that holds its description is initialised.
 template<class T>
 struct CDescribedAtStart {
-    CDescribedAtStart() { ClassInforOf<T>(); }
+    CDescribedAtStart() { ClassDetail<T>(); }
 };
 
 } // namespace vexa::detail

@@ -10,25 +10,29 @@
 
 #include <vexa/container_infor.h>
 #include <vexa/detail/type_traits.h>
+#include <vexa/refrence.h>
 
 /// \file
 /// The operations that a container descriptor holds, one template per container shape.
 
 namespace vexa::detail {
 
-/// Frees what raw pointers in a value own, before the container that holds them lets go of them. Everything else releases
-/// itself.
+/// Frees what raw pointers in a value own, before the container that holds them lets go of them or goes away. Everything else
+/// releases itself.
 template<class T>
 void Disown(T& value)
 {
-    if constexpr (std::is_pointer_v<T>) {
-        if constexpr (!std::is_const_v<std::remove_pointer_t<T>> && !std::is_void_v<std::remove_pointer_t<T>>) {
+    using Value = std::remove_const_t<T>; // a key is const
+    if constexpr (std::is_pointer_v<Value>) {
+        using Pointee = std::remove_pointer_t<Value>;
+        if constexpr (!std::is_const_v<Pointee> && !std::is_void_v<Pointee>) {
             void* object = value;
-            MakeTypeInfor(TYPE_SOURCE<std::remove_pointer_t<T>>).Delete(object);
+            MakeTypeInfor(TYPE_SOURCE<Pointee>).Delete(object);
         }
-    } else if constexpr (IS_PAIR<T>) {
+    } else if constexpr (IS_PAIR<Value>) {
+        Disown(value.first);
         Disown(value.second);
-    } else if constexpr (HOLDS_RAW_POINTERS<T>) {
+    } else if constexpr (HOLDS_RAW_POINTERS<Value>) {
         for (auto& element : value) Disown(element);
     }
 }
@@ -118,25 +122,34 @@ template<class Container>
 struct CAssociativeOperations {
     using Element = ElementOf<Container>;
 
-    /// The container takes the contents of the element; what it did not take goes, so that the element may be used again.
+    using Inserted = decltype(std::declval<Container&>().insert(std::declval<Element>()));
+    static constexpr bool IS_KEY_UNIQUE = !std::is_same_v<Inserted, typename Container::iterator>;
+
+    /// The container takes the contents of the element; what it does not take goes, so that the element may be used again.
     static void Insert(void* container, void* element)
     {
         auto& filled = *static_cast<Container*>(container);
         auto& taken = *static_cast<Element*>(element);
-        const auto size = filled.size();
-        filled.insert(std::move(taken));
-        if constexpr (HOLDS_RAW_POINTERS<Element>) {
-            if (filled.size() == size) Disown(taken);
-            Forget(taken);
-        } else if constexpr (IS_UNIQUE_POINTER<Element>) {
-            taken.reset();
-        }
+        // Asked first: a refused element that was moved from may have lost what its pointers designate.
+        if (HOLDS_RAW_POINTERS<Element> && IS_KEY_UNIQUE && filled.find(KeyOf(taken)) != filled.end()) Disown(taken);
+        else filled.insert(std::move(taken));
+        if constexpr (HOLDS_RAW_POINTERS<Element>) Forget(taken);
+        else if constexpr (IS_UNIQUE_POINTER<Element>) taken.reset();
+    }
+    static const auto& KeyOf(const Element& element)
+    {
+        if constexpr (std::is_same_v<Element, typename Container::key_type>) return element;
+        else return element.first;
     }
     template<class T>
     static void Forget(T& value)
     {
-        if constexpr (IS_PAIR<T>) Forget(value.second);
-        else value = T();
+        if constexpr (IS_PAIR<T>) {
+            Forget(value.first);
+            Forget(value.second);
+        } else {
+            value = T();
+        }
     }
 
     static void Fill(CContainerInfor& infor)
@@ -155,9 +168,11 @@ struct CArrayOperations {
     {
         if constexpr (std::is_array_v<Slot> || IS_STD_ARRAY<Slot>) {
             for (auto& inner : slot) Reset(inner);
-        } else {
+        } else if constexpr (std::is_default_constructible_v<Slot> && std::is_move_assignable_v<Slot>) {
             Disown(slot);
             slot = Slot();
+        } else {
+            CRefrence(MakeTypeInfor(TYPE_SOURCE<Slot>), const_cast<void*>(static_cast<const void*>(&slot))).Clear();
         }
     }
     static void Fill(CContainerInfor& infor)

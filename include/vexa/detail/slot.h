@@ -5,6 +5,7 @@
 
 #include <vexa/class_infor.h>
 #include <vexa/container_infor.h>
+#include <vexa/custom_type_infor.h>
 #include <vexa/export.h>
 
 /// \file
@@ -53,6 +54,13 @@ struct CContainerSlot : CPublication {
     CContainerInfor* Descriptor = nullptr;
 };
 
+struct CCustomSlot : CPublication {
+    constexpr explicit CCustomSlot(void (*describe)(CCustomBasicTypeInfor*&)) noexcept : Describe(describe) {}
+
+    void (*Describe)(CCustomBasicTypeInfor*&); ///< registers the type
+    CCustomBasicTypeInfor* Descriptor = nullptr;
+};
+
 struct CTypeSlot : CPublication {
     constexpr explicit CTypeSlot(CGnlTypeInfor (*make)()) noexcept : Make(make) {}
 
@@ -64,6 +72,7 @@ struct CTypeSlot : CPublication {
 /// in progress on this thread is returned as it is.
 VEXA_API const CClassInfor* Build(CClassSlot& slot);
 VEXA_API const CContainerInfor* Build(CContainerSlot& slot);
+VEXA_API const CCustomBasicTypeInfor* Build(CCustomSlot& slot);
 VEXA_API const CGnlTypeInfor* Build(CTypeSlot& slot);
 
 /// The descriptor of a slot: one load and one branch once it stands.

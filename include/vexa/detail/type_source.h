@@ -2,7 +2,6 @@
 #define VEXA_DETAIL_TYPE_SOURCE_H
 
 #include <bitset>
-#include <ctime>
 #include <deque>
 #include <list>
 #include <map>
@@ -13,11 +12,11 @@
 #include <unordered_set>
 #include <vector>
 
-#include <vexa/binary.h>
-#include <vexa/date_time.h>
+#include <vexa/detail/basic_code.h>
 #include <vexa/detail/container_operations.h>
 #include <vexa/detail/type_traits.h>
-#include <vexa/numeric.h>
+#include <vexa/group.h>
+#include <vexa/table.h>
 
 /// \file
 /// From a C++ type to its description: first how the value is held (CHolding), then what it is (CKind).
@@ -28,6 +27,8 @@ template<class T>
 const CTypeInforBase* ClassDetail();
 template<class T>
 void SurveyClass(CSurvey& survey, bool isByValue);
+template<class T>
+const CTypeInforBase* CustomDetail();
 template<class Container>
 const CTypeInforBase* ContainerDetail();
 template<class Container>
@@ -55,35 +56,29 @@ struct CKind {
 };
 
 template<class T>
-struct CKind<T, std::enable_if_t<std::is_enum_v<T>>> : CKind<std::underlying_type_t<T>> {};
+struct CKind<T, std::enable_if_t<std::is_enum_v<T> && !IS_CUSTOM<T>>> : CKind<std::underlying_type_t<T>> {};
+
+template<class T>
+struct CKind<T, std::enable_if_t<IS_CUSTOM<T>>> {
+    static constexpr CKindSource Source() { return {Enum::DT_CUSTOM_BASIC, &CustomDetail<T>}; }
+};
 
 template<unsigned int CODE>
-struct CBasicKind {
+struct CPlainKind {
     static constexpr CKindSource Source() { return {CODE}; }
 };
 
+template<class T>
+struct CKind<T, std::enable_if_t<BASIC_CODE<T> != Enum::DT_UNKNOWN>> : CPlainKind<BASIC_CODE<T>> {};
+
 // clang-format off
-template<> struct CKind<void> : CBasicKind<Enum::DT_VOID> {};
-template<> struct CKind<NullType> : CBasicKind<Enum::DT_NULL> {};
-template<> struct CKind<bool> : CBasicKind<Enum::DT_BOOL> {};
-template<> struct CKind<char> : CBasicKind<Enum::DT_CHAR> {};
-template<> struct CKind<short> : CBasicKind<Enum::DT_SHORT> {};
-template<> struct CKind<int> : CBasicKind<Enum::DT_INT> {};
-template<> struct CKind<long> : CBasicKind<Enum::DT_LONG> {};
-template<> struct CKind<long long> : CBasicKind<Enum::DT_LONG_LONG> {};
-template<> struct CKind<float> : CBasicKind<Enum::DT_FLOAT> {};
-template<> struct CKind<double> : CBasicKind<Enum::DT_DOUBLE> {};
-template<> struct CKind<long double> : CBasicKind<Enum::DT_LONG_DOUBLE> {};
-template<> struct CKind<unsigned char> : CBasicKind<Enum::DT_UNSIGNED_CHAR> {};
-template<> struct CKind<unsigned short> : CBasicKind<Enum::DT_UNSIGNED_SHORT> {};
-template<> struct CKind<unsigned int> : CBasicKind<Enum::DT_UNSIGNED_INT> {};
-template<> struct CKind<unsigned long> : CBasicKind<Enum::DT_UNSIGNED_LONG> {};
-template<> struct CKind<unsigned long long> : CBasicKind<Enum::DT_UNSIGNED_LONG_LONG> {};
-template<> struct CKind<std::string> : CBasicKind<Enum::DT_STD_STRING> {};
-template<> struct CKind<CBinary> : CBasicKind<Enum::DT_BINARY> {};
-template<> struct CKind<CNumeric> : CBasicKind<Enum::DT_NUMERIC> {};
-template<> struct CKind<tm> : CBasicKind<Enum::DT_TM> {};
-template<> struct CKind<CDateTime> : CBasicKind<Enum::DT_DATETIME> {};
+template<> struct CKind<void> : CPlainKind<Enum::DT_VOID> {};
+template<> struct CKind<NullType> : CPlainKind<Enum::DT_NULL> {};
+template<> struct CKind<CGnlClass> : CPlainKind<Enum::DT_GNL_CLASS> {};
+template<> struct CKind<CReferenceGroup> : CPlainKind<Enum::DT_REFERENCE_GROUP> {};
+template<> struct CKind<CRow> : CPlainKind<Enum::DT_ROW> {};
+template<> struct CKind<CTable> : CPlainKind<Enum::DT_TABLE> {};
+template<> struct CKind<CValue> : CPlainKind<Enum::DT_VALUE> {};
 // clang-format on
 
 /// A container: its code, its name and the shape of its operations.
@@ -102,7 +97,8 @@ using CAssociativeKind = CContainerKind<C, CODE, CAssociativeOperations<C>>;
 #define VEXA_DETAIL_CONTAINER(shape, name, code)                                                                       \
     template<class... A> struct CKind<std::name<A...>> : shape<std::name<A...>, Enum::code> {                          \
         static constexpr const char* NAME = "std::" #name;                                                             \
-    };
+    };                                                                                                                 \
+    template<class... A> inline constexpr bool IS_STD_CONTAINER<std::name<A...>> = true;
 VEXA_DETAIL_CONTAINER(CSequenceKind, vector, DT_SEQUENCE_A)
 VEXA_DETAIL_CONTAINER(CSequenceKind, list, DT_SEQUENCE_B)
 VEXA_DETAIL_CONTAINER(CSequenceKind, deque, DT_SEQUENCE_C)
@@ -152,9 +148,11 @@ struct CHolding {
     static constexpr unsigned int FLAGS = 0;
     static constexpr std::size_t VALUE_OFFSET = 0;
 };
+/// A const pointer keeps pointing where it does: it is not marked nullable, for Clear would set it to null.
 template<class T>
 struct CHolding<const T> : CHolding<T> {
-    static constexpr unsigned int FLAGS = CHolding<T>::FLAGS | Enum::HF_CONST;
+    static constexpr bool IS_POINTER = (CHolding<T>::FLAGS & Enum::HF_POINTER) != 0;
+    static constexpr unsigned int FLAGS = (CHolding<T>::FLAGS & ~(IS_POINTER ? Enum::HF_NULLABLE : 0U)) | Enum::HF_CONST;
 };
 template<class T, std::size_t SIZE>
 struct CHolding<const T[SIZE]> : CHolding<T[SIZE]> {
@@ -203,6 +201,9 @@ constexpr CTypeSource MakeTypeSource()
     using Holding = CHolding<T>;
     constexpr bool IS_NESTED = IS_SPECIALIZATION<typename Holding::Value, MayNull> ||
                                IS_SPECIALIZATION<typename Holding::Value, NonNullPointer>;
+    constexpr bool IS_VALUE_POINTER =
+        std::is_same_v<typename Holding::Value, CValue> && (Holding::FLAGS & Enum::HF_POINTER) != 0;
+    static_assert(!IS_VALUE_POINTER, "a pointer to vexa::CValue cannot be described, which is null by itself: hold the value");
     static_assert(!IS_NESTED, "a vexa::MayNull or vexa::NonNullPointer cannot be described behind a pointer or wrapper: use it alone");
     if constexpr (!IS_NESTED) {
         constexpr CKindSource KIND = CKind<typename Holding::Value>::Source();

@@ -39,6 +39,9 @@ template<class T>
 inline constexpr bool IS_STD_ARRAY = false;
 template<class T, std::size_t SIZE>
 inline constexpr bool IS_STD_ARRAY<std::array<T, SIZE>> = true;
+/// The containers that type_source.h names; a class of the application's that looks like one is not meant.
+template<class T>
+inline constexpr bool IS_STD_CONTAINER = IS_STD_ARRAY<T>;
 
 /// The type of a container's elements as a description sees it: a map's key is not const there, since reading makes an
 /// element by itself before it is inserted.
@@ -50,31 +53,26 @@ template<class T, std::size_t SIZE>
 struct CElementOf<T[SIZE]> {
     using Type = T;
 };
-template<class Container>
+template<class T>
 struct CPlainElement {
-    template<class T>
-    static T Plain(T*);
-    template<class K, class V>
-    static std::pair<K, V> Plain(std::pair<const K, V>*);
-    using Type = decltype(Plain(static_cast<typename CElementOf<Container>::Type*>(nullptr)));
+    using Type = T;
 };
-template<class T, std::size_t INNER, std::size_t SIZE>
-struct CPlainElement<T[SIZE][INNER]> {
-    using Type = T[INNER];
+template<class K, class V>
+struct CPlainElement<std::pair<const K, V>> {
+    using Type = std::pair<K, V>;
 };
 template<class Container>
-using ElementOf = typename CPlainElement<Container>::Type;
+using ElementOf = typename CPlainElement<typename CElementOf<Container>::Type>::Type;
 
 /// Whether values of T are, or hold as elements, pointers that own their pointee without releasing it.
 template<class T, class = void>
 struct CHoldsRawPointers : std::bool_constant<std::is_pointer_v<T>> {};
 template<class K, class V>
-struct CHoldsRawPointers<std::pair<K, V>> : CHoldsRawPointers<V> {};
+struct CHoldsRawPointers<std::pair<K, V>> : std::disjunction<CHoldsRawPointers<K>, CHoldsRawPointers<V>> {};
 template<class T, std::size_t SIZE>
 struct CHoldsRawPointers<T[SIZE]> : CHoldsRawPointers<T> {};
 template<class T>
-struct CHoldsRawPointers<T, std::void_t<typename T::value_type, typename T::iterator>>
-    : CHoldsRawPointers<typename T::value_type> {};
+struct CHoldsRawPointers<T, std::enable_if_t<IS_STD_CONTAINER<T>>> : CHoldsRawPointers<typename T::value_type> {};
 template<class T>
 inline constexpr bool HOLDS_RAW_POINTERS = CHoldsRawPointers<T>::value;
 
@@ -85,6 +83,16 @@ template<class T>
 std::false_type FindsDescription(...);
 template<class T>
 inline constexpr bool IS_DESCRIBED = decltype(FindsDescription<T>(0))::value;
+
+/// The same for a custom basic type.
+template<class T>
+struct CCustomTag {};
+template<class T>
+auto FindsCustom(int) -> decltype(VexaDescribeCustom(CCustomTag<T>(), std::declval<CCustomBasicTypeInfor*&>()), std::true_type{});
+template<class T>
+std::false_type FindsCustom(...);
+template<class T>
+inline constexpr bool IS_CUSTOM = decltype(FindsCustom<T>(0))::value;
 
 } // namespace detail
 } // namespace vexa

@@ -1,0 +1,89 @@
+#ifndef VEXA_DETAIL_CLASS_DESCRIPTION_H
+#define VEXA_DETAIL_CLASS_DESCRIPTION_H
+
+#include <cstring>
+#include <type_traits>
+
+#include <vexa/detail/description.h>
+#include <vexa/detail/type_source.h>
+
+/// \file
+/// What the description of one class is written with.
+
+namespace vexa {
+
+namespace detail {
+
+/// Whether a base sub-object lies at one fixed, reachable place.
+template<class Base, class Derived, class = void>
+inline constexpr bool IS_FIXED_BASE = false;
+template<class Base, class Derived>
+inline constexpr bool
+    IS_FIXED_BASE<Base, Derived, std::void_t<decltype(static_cast<Derived*>(std::declval<Base*>()))>> =
+        std::is_base_of_v<Base, Derived>;
+
+#define VEXA_DETAIL_FIXED_BASE_TEXT                                                                                    \
+    "a virtual, ambiguous or private base cannot be described: make it a plain public base or a member"
+
+/// A pointer to a data member is the member's offset (Itanium C++ ABI, 2.3.1).
+template<class Member, class Class>
+unsigned long OffsetOf(Member Class::*member)
+{
+    static_assert(sizeof member == sizeof(unsigned long));
+    unsigned long offset = 0;
+    std::memcpy(&offset, &member, sizeof offset);
+    return offset;
+}
+
+template<class T>
+CClassSlot& ClassSlotOf();
+
+} // namespace detail
+
+/// What a description is written with.
+template<class T>
+class CDescription : public detail::CDescriptionBase {
+public:
+    explicit CDescription(CClassInfor& infor) noexcept : CDescriptionBase(infor) {}
+    explicit CDescription(detail::CSurvey& survey) noexcept : CDescriptionBase(survey) {}
+
+    /// Adds the attributes of a described base class. Call it before Attrib, for them to come first.
+    template<class B>
+    void Base()
+    {
+        static_assert(detail::IS_FIXED_BASE<B, T>, VEXA_DETAIL_FIXED_BASE_TEXT);
+        if constexpr (detail::IS_FIXED_BASE<B, T>) {
+            auto* const derived = reinterpret_cast<T*>(alignof(T) * 64);
+            const auto offset = reinterpret_cast<char*>(static_cast<B*>(derived)) - reinterpret_cast<char*>(derived);
+            AddBase(detail::ClassSlotOf<B>(), static_cast<unsigned long>(offset));
+        }
+    }
+    /// Adds one member. Its type says how it is held; \p name is what it is found by.
+    template<class M, class C>
+    CAttribDescription Attrib(const char* name, M C::*member)
+    {
+        static_assert(!std::is_function_v<M>, "a member function cannot be described: describe the data member that it gives");
+        constexpr bool IS_REACHABLE = std::is_same_v<C, T> || detail::IS_FIXED_BASE<C, T>;
+        static_assert(IS_REACHABLE, VEXA_DETAIL_FIXED_BASE_TEXT);
+        if constexpr (IS_REACHABLE) {
+            return AddAttrib(name, detail::OffsetOf<M, T>(member), detail::TYPE_SOURCE<M>);
+        } else {
+            return {nullptr, nullptr};
+        }
+    }
+    /// One member of VEXA_DESCRIBE; \p pointer gives the pointer to it, where there can be one.
+    template<class Declared, class Pointer>
+    void Member(const char* name, Pointer pointer)
+    {
+        constexpr bool IS_ADDRESSABLE = std::is_invocable_v<Pointer, T*>;
+        static_assert(!std::is_reference_v<Declared>,
+                      "a reference member cannot be described: make it a pointer or a value");
+        static_assert(std::is_reference_v<Declared> || IS_ADDRESSABLE,
+                      "a bit-field cannot be described: make it a member of its full type");
+        if constexpr (IS_ADDRESSABLE) Attrib(name, pointer(static_cast<T*>(nullptr)));
+    }
+};
+
+} // namespace vexa
+
+#endif

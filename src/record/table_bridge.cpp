@@ -1,0 +1,195 @@
+// Tables from containers of described objects, and back.
+
+#include <algorithm>
+
+#include <vexa/table.h>
+
+#include "core/basic_types.h"
+#include "core/type_table.h"
+#include "reference/custom_value.h"
+
+namespace vexa {
+
+using namespace Enum;
+
+namespace {
+
+/// One attribute that a column can stand for, and the member objects on the way to it.
+struct CLeaf {
+    std::string Name;
+    std::vector<const CAttribInfor*> Members;
+    const CAttribInfor* Attrib;
+    bool IsMasked;
+};
+
+bool IsLeaf(const CGnlTypeInfor& type)
+{
+    return type.IsBasicType() ||
+           (type.DataType == DT_CUSTOM_BASIC &&
+            (reference::HasOwnLayout(type) || type.GetStdTypeInforFromCustomType().IsBasicType()));
+}
+
+class CLeafList {
+public:
+    explicit CLeafList(const CClassInfor& infor) { Collect(infor, {}, {}, false); }
+
+    const std::vector<CLeaf>& All() const { return m_leaves; }
+    const CLeaf* Find(const std::string& name) const
+    {
+        const auto found =
+            std::find_if(m_leaves.begin(), m_leaves.end(), [&](const CLeaf& leaf) { return leaf.Name == name; });
+        return found != m_leaves.end() ? &*found : nullptr;
+    }
+
+private:
+    void Collect(const CClassInfor& infor, const std::string& prefix, const std::vector<const CAttribInfor*>& members,
+                 bool isMasked)
+    {
+        for (const CAttribInfor& attrib : infor.AttribList) {
+            const bool isMaskedHere = isMasked || attrib.IsMasked != 0;
+            const std::string name = prefix + attrib.Name;
+            if (attrib.TypeInfor.DataType == DT_CLASS && !attrib.TypeInfor.Has(HF_POINTER)) {
+                auto path = members;
+                path.push_back(&attrib);
+                Collect(*static_cast<const CClassInfor*>(attrib.TypeInfor.DetailInfor), name + "_", path, isMaskedHere);
+            } else if (IsLeaf(attrib.TypeInfor) && Find(name) == nullptr) {
+                m_leaves.push_back({name, members, &attrib, isMaskedHere});
+            }
+        }
+    }
+
+    std::vector<CLeaf> m_leaves;
+};
+
+/// The leaf in one object; without address when a member on the way is null, or when it is not the active one of its union.
+/// \param isToBeSet makes the members on the way not null.
+CRefrence LeafOf(void* object, const CLeaf& leaf, bool isToBeSet)
+{
+    for (const CAttribInfor* const member : leaf.Members) {
+        if (object == nullptr) break;
+        CRefrence ref(member->TypeInfor, static_cast<char*>(object) + member->Offset);
+        if (isToBeSet) ref.SetNotNull();
+        object = ref.ValueAddress();
+    }
+    if (object == nullptr || !IsActiveAttrib(*leaf.Attrib, object)) return {leaf.Attrib->TypeInfor, nullptr};
+    return {leaf.Attrib->TypeInfor, static_cast<char*>(object) + leaf.Attrib->Offset};
+}
+
+DataTypeEnum ColumnType(const CGnlTypeInfor& type)
+{
+    if (type.DataType == DT_CUSTOM_BASIC) {
+        return reference::HasOwnLayout(type) ? DT_STD_STRING : ColumnType(type.GetStdTypeInforFromCustomType());
+    }
+    return type.DataType == DT_CONST_CHAR_PTR ? DT_STD_STRING : static_cast<DataTypeEnum>(type.DataType);
+}
+
+/// The value has the column's type.
+void ReadLeaf(CValue& value, const CConstRefrence& leaf)
+{
+    if (leaf.TypeInfor.DataType != DT_CUSTOM_BASIC) {
+        value.ReadFrom(leaf.AsStdBasicType());
+    } else if (!reference::HasOwnLayout(leaf.TypeInfor)) {
+        value.ReadFrom(reference::StandardValueInPlace(leaf).AsStdBasicType());
+    } else if (leaf.ValueAddress() != nullptr) {
+        value.ReadFrom(reference::CustomInfor(leaf.TypeInfor).AsString(leaf.ValueAddress()));
+    }
+}
+
+/// Sets a basic value by reading \p value as its type, so that a text goes into a number and a number into a text.
+void WriteBasic(CStdBasicTypeRefrence& target, const CValue& value)
+{
+    core::VisitBasicType(target.TypeInfor.DataType, [&](auto type) {
+        using T = typename decltype(type)::Type;
+        if constexpr (std::is_same_v<T, std::string>) target.ReadFrom(value.As_std_string());
+        else if constexpr (std::is_same_v<T, long double>) target.ReadFrom(value.As_long_double());
+        else if constexpr (std::is_same_v<T, core::CTextAtAddress>) target.ReadFrom(value.As_const_char_ptr());
+        else {
+            T converted{};
+            value.WriteTo(converted);
+            target.ReadFrom(converted);
+        }
+    });
+}
+
+void WriteLeaf(CRefrence leaf, const CValue& value)
+{
+    if (leaf.Address == nullptr) return;
+    if (value.IsNull()) return leaf.Clear();
+    if (leaf.TypeInfor.DataType != DT_CUSTOM_BASIC) return WriteBasic(leaf.AsStdBasicType(), value);
+    leaf.SetNotNull();
+    if (!reference::HasOwnLayout(leaf.TypeInfor)) {
+        CRefrence standard = reference::StandardValueInPlace(leaf);
+        WriteBasic(standard.AsStdBasicType(), value);
+        return;
+    }
+    const auto convert = reference::CustomInfor(leaf.TypeInfor).FromValue;
+    if (convert != nullptr && leaf.ValueAddress() != nullptr) convert(leaf.ValueAddress(), value);
+}
+
+const CClassInfor* ElementClass(const CContainerConstRefrence& container)
+{
+    const CGnlTypeInfor& element = container.ContainerInfor().ElementType;
+    return element.DataType == DT_CLASS ? static_cast<const CClassInfor*>(element.DetailInfor) : nullptr;
+}
+
+/// \return whether all that was asked for is there.
+bool SelectLeaves(const CLeafList& leaves, const std::vector<std::string>& names, std::vector<const CLeaf*>& selected)
+{
+    if (names.empty()) {
+        for (const CLeaf& leaf : leaves.All()) {
+            if (!leaf.IsMasked) selected.push_back(&leaf);
+        }
+    }
+    for (const std::string& name : names) {
+        if (const CLeaf* const leaf = leaves.Find(name)) selected.push_back(leaf);
+    }
+    return names.empty() || selected.size() == names.size();
+}
+
+} // namespace
+
+bool TableFromObjects(CTable& table, const CContainerConstRefrence& container, const std::vector<std::string>& columns)
+{
+    table.Clear();
+    const CClassInfor* const infor = ElementClass(container);
+    if (infor == nullptr) return false;
+    const CLeafList leaves(*infor);
+    std::vector<const CLeaf*> selected;
+    const bool isComplete = SelectLeaves(leaves, columns, selected);
+    for (const CLeaf* const leaf : selected) table.AddColumn(ColumnType(leaf->Attrib->TypeInfor), leaf->Name);
+    table.Reserve(container.Count());
+    for (const CConstRefrence& element : container) {
+        CRow& row = table.AddRow();
+        void* const object = element.ValueAddress();
+        for (std::size_t i = 0; i < selected.size(); ++i) ReadLeaf(row[i], LeafOf(object, *selected[i], false));
+    }
+    return isComplete;
+}
+
+bool ObjectsFromTable(CContainerRefrence& container, const CTable& table, std::vector<std::string>* unknown)
+{
+    const CClassInfor* const infor = ElementClass(container);
+    if (infor == nullptr || container.ContainerInfor().Append == nullptr || container.IsNull()) return false;
+    const CLeafList leaves(*infor);
+    if (unknown != nullptr) unknown->clear();
+    for (const CColumn& column : table.Columns) {
+        if (unknown != nullptr && leaves.Find(column.Name) == nullptr) unknown->push_back(column.Name);
+    }
+    // In the order of the class, so that a union's selector is set before its members are.
+    std::vector<std::pair<const CLeaf*, unsigned long>> filled;
+    for (const CLeaf& leaf : leaves.All()) {
+        const unsigned long column = table.ColumnIndex(leaf.Name);
+        if (column != CTable::NO_COLUMN) filled.emplace_back(&leaf, column);
+    }
+    for (const CRow& row : table.Rows) {
+        CRefrence element = container.Append();
+        element.SetNotNull();
+        void* const object = element.ValueAddress();
+        for (const auto& [leaf, column] : filled) {
+            if (column < row.Size()) WriteLeaf(LeafOf(object, *leaf, !row[column].IsNull()), row[column]);
+        }
+    }
+    return true;
+}
+
+} // namespace vexa

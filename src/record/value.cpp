@@ -1,0 +1,249 @@
+#include <vexa/value.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+#include "core/basic_types.h"
+
+namespace vexa {
+
+using namespace Enum;
+
+namespace {
+
+/// The codes whose values lie in the storage without constructor or destructor.
+bool IsNumberBand(unsigned char code) { return code >= 10 && code <= 39; }
+
+/// What a value of a type becomes when its code is set.
+DataTypeEnum Normalised(DataTypeEnum type)
+{
+    switch (type) {
+    case DT_CONST_CHAR_PTR: return DT_STD_STRING;
+    case DT_UNKNOWN: return DT_NULL;
+    case DT_STD_STRING:
+    case DT_BINARY:
+    case DT_NUMERIC:
+    case DT_TM:
+    case DT_DATETIME:
+    case DT_NULL: return type;
+    default: return type >= 10 && type <= 39 ? type : DT_UNKNOWN;
+    }
+}
+
+/// Calls \p f with the type of a value that has to be constructed: in the storage, or on the heap.
+template<class F>
+void VisitObject(unsigned char code, F&& f)
+{
+    core::VisitBasicType(code, [&](auto type) {
+        using T = typename decltype(type)::Type;
+        if constexpr (!type.IS_NUMBER && !std::is_same_v<T, core::CTextAtAddress>) f(type);
+    });
+}
+
+template<class T>
+constexpr bool LiesInStorage()
+{
+    return std::is_same_v<T, std::string> || std::is_same_v<T, CBinary>;
+}
+
+} // namespace
+
+// Constructed before it copies, so that its destructor releases what was made when the memory for the rest is not to be had.
+CValue::CValue(const CValue& other) : CValue()
+{
+    TypeInfor = other.TypeInfor;
+    CopyContents(other);
+}
+
+CValue::CValue(CValue&& other) noexcept : CStdBasicTypeRefrence(CGnlTypeInfor(), nullptr) { *this = std::move(other); }
+
+CValue& CValue::operator=(const CValue& other)
+{
+    if (this != &other) *this = CValue(other);
+    return *this;
+}
+
+CValue& CValue::operator=(CValue&& other) noexcept
+{
+    if (this == &other) return *this;
+    Release();
+    if (other.TypeInfor.DataType == DT_CUSTOM_OWNED) {
+        TypeInfor = std::move(other.TypeInfor);
+        other.TypeInfor = CGnlTypeInfor(); // an owner without its descriptor has no name to give
+    } else {
+        TypeInfor = CGnlTypeInfor(other.Type());
+    }
+    m_made = std::exchange(other.m_made, static_cast<unsigned char>(DT_UNKNOWN));
+    const bool isNull = std::exchange(other.Address, nullptr) == nullptr;
+    if (m_made == DT_STD_STRING) {
+        auto* const text = reinterpret_cast<std::string*>(other.m_storage);
+        new (m_storage) std::string(std::move(*text));
+        text->~basic_string();
+    } else {
+        std::memcpy(m_storage, other.m_storage, STORAGE_SIZE); // numbers, a CBinary's two fields, or a pointer
+    }
+    if (isNull) return *this;
+    std::memcpy(&Address, m_storage, sizeof Address);
+    if (IsNumberBand(m_made) || m_made == DT_STD_STRING || m_made == DT_BINARY) Address = m_storage;
+    return *this;
+}
+
+CValue::~CValue() { Release(); }
+
+void CValue::CopyContents(const CValue& other)
+{
+    if (other.IsNull()) return;
+    Make(other.m_made); // not by the type code, which an application may have made that of a custom type
+    if (IsNumberBand(m_made)) std::memcpy(m_storage, other.m_storage, STORAGE_SIZE);
+    else CopyObject(other);
+}
+
+void CValue::CopyObject(const CValue& other)
+{
+    VisitObject(m_made, [&](auto type) {
+        using T = typename decltype(type)::Type;
+        *static_cast<T*>(Address) = *static_cast<const T*>(other.Address);
+    });
+}
+
+void CValue::Make(unsigned char code)
+{
+    if (IsNumberBand(code)) {
+        Address = m_storage;
+        m_made = code;
+    }
+    VisitObject(code, [&](auto type) {
+        using T = typename decltype(type)::Type;
+        if constexpr (LiesInStorage<T>()) {
+            Address = new (m_storage) T();
+        } else {
+            void* const object = new T();
+            std::memcpy(m_storage, &object, sizeof object);
+            Address = object;
+        }
+        m_made = code;
+    });
+}
+
+void CValue::Release()
+{
+    VisitObject(m_made, [&](auto type) {
+        using T = typename decltype(type)::Type;
+        if constexpr (LiesInStorage<T>()) {
+            std::launder(reinterpret_cast<T*>(m_storage))->~T();
+        } else {
+            void* object = nullptr;
+            std::memcpy(&object, m_storage, sizeof object);
+            delete static_cast<T*>(object);
+        }
+    });
+    if (m_made != DT_UNKNOWN) std::memset(m_storage, 0, sizeof(long));
+    m_made = DT_UNKNOWN;
+    Address = nullptr;
+}
+
+void CValue::SetNull() { Release(); }
+
+void CValue::SetNotNull()
+{
+    if (Address != nullptr) return;
+    // What was made is out of reach, if the address was cleared through the reference; a number still lies in the storage.
+    if (!IsNumberBand(m_made)) Release();
+    Make(TypeInfor.DataType);
+}
+
+void CValue::SetNull(DataTypeEnum type)
+{
+    SetNull();
+    TypeInfor = CGnlTypeInfor(Normalised(type));
+}
+
+void CValue::ChangeValueTypeEnum(DataTypeEnum type)
+{
+    if (Normalised(type) == TypeInfor.DataType && !IsNull()) {
+        CStdBasicTypeRefrence::Clear();
+        return;
+    }
+    if (Normalised(type) != TypeInfor.DataType) SetNull(type);
+    SetNotNull();
+}
+
+bool CValue::CanStore(DataTypeEnum source) const
+{
+    const unsigned char target = TypeInfor.DataType;
+    const bool isText = source == DT_STD_STRING || source == DT_CONST_CHAR_PTR;
+    if (isText) return target == DT_STD_STRING || target == DT_BINARY || target == DT_NUMERIC || target == DT_DATETIME;
+    if (source == DT_TM || source == DT_DATETIME) return target == DT_TM || target == DT_DATETIME;
+    return IsNumberBand(static_cast<unsigned char>(source)) || source == target;
+}
+
+CValue& CValue::ReadFrom(const CValue& other)
+{
+    if (this == &other) return *this;
+    ChangeValueTypeEnum(other.Type());
+    if (other.IsNull()) {
+        SetNull();
+    } else if (IsNumberBand(m_made)) {
+        std::memcpy(m_storage, other.m_storage, 8);
+    } else if (m_made == other.m_made) {
+        CopyObject(other);
+    }
+    return *this;
+}
+
+CValue& CValue::ReadFrom(const std::string& value)
+{
+    const bool canStore = CanStore(DT_STD_STRING);
+    if (canStore) SetNotNull();
+    CStdBasicTypeRefrence::ReadFrom(value);
+    if (!canStore) SetNull();
+    return *this;
+}
+
+CValue& CValue::ReadFrom(const char* value)
+{
+    const bool canStore = CanStore(DT_CONST_CHAR_PTR) && value != nullptr;
+    if (canStore) SetNotNull();
+    if (value != nullptr) CStdBasicTypeRefrence::ReadFrom(value);
+    if (!canStore) SetNull();
+    return *this;
+}
+
+CValue& CValue::ReadFrom(const CStdBasicTypeConstRefrence& source)
+{
+    const void* const value = source.ValueAddress();
+    if (value != nullptr && value == Address) return *this;
+    if (value == nullptr) {
+        SetNull();
+        return *this;
+    }
+    core::VisitBasicType(source.TypeInfor.DataType, [&](auto type) {
+        using T = typename decltype(type)::Type;
+        if constexpr (type.CODE == DT_CHAR) ReadFrom(static_cast<char>(core::Load<T>(value)));
+        else if constexpr (std::is_same_v<T, core::CTextAtAddress>) ReadFrom(static_cast<const char*>(value));
+        else ReadFrom(core::Load<T>(value));
+    });
+    return *this;
+}
+
+CValue& CValue::ReadFromMemBlock(DataTypeEnum type, const char* data, unsigned long size)
+{
+    ChangeValueTypeEnum(type);
+    if (!IsNull()) CStdBasicTypeRefrence::ReadFromMemBlock(data, size);
+    return *this;
+}
+
+CValue& CValue::ReadFromMemBlock(const char* data, unsigned long size)
+{
+    SetNotNull();
+    CStdBasicTypeRefrence::ReadFromMemBlock(data, size);
+    return *this;
+}
+
+bool CValue::operator!=(const char* text) const
+{
+    return std::strcmp(As_const_char_ptr(), text != nullptr ? text : "") != 0;
+}
+
+} // namespace vexa
