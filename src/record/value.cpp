@@ -83,6 +83,7 @@ CValue& CValue::operator=(CValue&& other) noexcept
     } else {
         std::memcpy(m_storage, other.m_storage, STORAGE_SIZE); // numbers, a CBinary's two fields, or a pointer
     }
+    std::memset(other.m_storage, 0, sizeof(long)); // as Release leaves it: a bool made there later must be one
     if (isNull) return *this;
     std::memcpy(&Address, m_storage, sizeof Address);
     if (IsNumberBand(m_made) || m_made == DT_STD_STRING || m_made == DT_BINARY) Address = m_storage;

@@ -67,9 +67,6 @@ const CTypeInforBase* ClassDetail()
     return &DescriptorOf<CClassInfor>(CLASS_SLOT<T>);
 }
 
-/// Tells a survey of a class that a description names.
-VEXA_API void AddToSurvey(CSurvey& survey, CClassSlot& named, bool isByValue);
-
 template<class T>
 void SurveyClass(CSurvey& survey, bool isByValue)
 {

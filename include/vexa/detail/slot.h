@@ -75,6 +75,9 @@ VEXA_API const CContainerInfor* Build(CContainerSlot& slot);
 VEXA_API const CCustomBasicTypeInfor* Build(CCustomSlot& slot);
 VEXA_API const CGnlTypeInfor* Build(CTypeSlot& slot);
 
+/// Tells a survey of a class that a description names.
+VEXA_API void AddToSurvey(CSurvey& survey, CClassSlot& named, bool isByValue);
+
 /// The descriptor of a slot: one load and one branch once it stands.
 template<class Descriptor, class Slot>
 const Descriptor& DescriptorOf(Slot& slot)

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Usage: check_document_examples.sh <root of the tree> <library> <compiler> <work directory>
+# Every C++ block of the documents is a whole program. It must compile and run, and write what the text block right
+# after it shows, if there is one.
+set -euo pipefail
+
+root=$1 library=$2 compiler=$3 work=$4
+rm -rf "$work"
+mkdir -p "$work"
+
+for document in "$root"/*.md "$root"/docs/*.md; do
+    # <document>.<number>.cpp, and <document>.<number>.txt from a text block with nothing but empty lines before it.
+    awk -v base="$work/$(basename "$document")" '
+        /^```/ && open { close(out); after_program = (open == "cpp"); open = ""; next }
+        open { print > out; next }
+        /^```cpp$/ { open = "cpp"; out = base "." ++count ".cpp"; next }
+        /^```text$/ && after_program { open = "text"; out = base "." count ".txt"; next }
+        /^```/ { open = "other"; out = "/dev/null"; next }
+        /[^[:space:]]/ { after_program = 0 }
+    ' "$document"
+done
+
+count=0
+status=0
+for source in "$work"/*.cpp; do
+    [[ -e $source ]] || break
+    count=$((count + 1))
+    program=${source%.cpp}
+    if ! "$compiler" -std=c++17 -Wall -Wextra -Werror -I"$root/include" "$source" -o "$program" \
+        "$library" -Wl,-rpath,"$(dirname "$library")" || ! "$program" > "$program.out"; then
+        echo "$(basename "$source"): does not compile or does not run"
+        status=1
+    elif [[ -e $program.txt ]] && ! diff -u "$program.txt" "$program.out"; then
+        echo "$(basename "$source"): wrote something else than the document shows"
+        status=1
+    fi
+done
+
+if [[ $count -eq 0 ]]; then
+    echo "no document holds an example: the search has gone blind"
+    status=1
+fi
+exit $status

@@ -1,0 +1,11 @@
+#include <gmock/gmock.h>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleMock(&argc, argv);
+    // A death test that forks beside running threads could hang: start the child anew instead.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    return RUN_ALL_TESTS();
+}
