@@ -80,7 +80,10 @@ protected:
     /// Leaves no walk behind for a null or empty container, so that the element of an earlier walk is not taken for one.
     VEXA_API void Start(const CContainerConstRefrence& owner, CContainerInfor::BeginFunction begin,
                         CContainerInfor::ReleaseFunction release);
-    void Step(CContainerInfor::NextFunction next) { Current.Address = next(Container, Cursor); }
+    void Step(CContainerInfor::NextFunction next)
+    {
+        Current.Address = next != nullptr ? next(Container, Cursor) : nullptr;
+    }
     void Stop(CContainerInfor::ReleaseFunction release)
     {
         if (Cursor != nullptr) release(std::exchange(Cursor, nullptr));
@@ -111,7 +114,7 @@ public:
     }
 };
 
-/// Walks a container backward.
+/// Walks a container backward; one without reverse operations is not walked, one without RNext gives its last element only.
 class CContainerConstReverseIterator : public CContainerWalk {
 public:
     CContainerConstReverseIterator() = default;
@@ -120,7 +123,7 @@ public:
     CContainerConstReverseIterator& operator=(const CContainerConstRefrence& owner)
     {
         Release();
-        Start(owner, owner.ContainerInfor().RBegin, owner.ContainerInfor().RRelease);
+        Start(owner, owner.ContainerInfor().RBegin, ReleaseOf(owner));
         return *this;
     }
     CContainerConstReverseIterator& operator++()
@@ -130,7 +133,15 @@ public:
     }
     void Release()
     {
-        if (Cursor != nullptr) Stop(Owner->ContainerInfor().RRelease);
+        if (Cursor != nullptr) Stop(ReleaseOf(*Owner));
+    }
+
+private:
+    /// A container that does not tell the two kinds of cursors apart has one operation for both.
+    static CContainerInfor::ReleaseFunction ReleaseOf(const CContainerConstRefrence& owner)
+    {
+        const CContainerInfor& infor = owner.ContainerInfor();
+        return infor.RRelease != nullptr ? infor.RRelease : infor.Release;
     }
 };
 

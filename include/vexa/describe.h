@@ -138,7 +138,8 @@ template<class T, class = detail::IfObject<T>>
 int FromJson(T& object, const std::string& text)
 {
     static_assert(!std::is_const_v<T>, "a const object cannot be read into: pass one that can be changed");
-    return FromJson(RefOf(object), text);
+    if constexpr (std::is_const_v<T>) return 0;
+    else return FromJson(RefOf(object), text);
 }
 
 /// The table functions on a container of objects itself.

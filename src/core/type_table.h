@@ -15,13 +15,16 @@ class CValue;
 
 namespace core {
 
+/// A template takes the visibility of its arguments, which are exported.
+#define VEXA_CORE_PRIVATE __attribute__((visibility("hidden")))
+
 /// What the record types contribute to their rows. Defined on the floors where those types stand.
 template<class Record>
-void* MakeRecord();
+VEXA_CORE_PRIVATE void* MakeRecord();
 template<class Record>
-void DestroyRecord(void* record);
+VEXA_CORE_PRIVATE void DestroyRecord(void* record);
 template<class Record>
-void ClearRecord(void* record);
+VEXA_CORE_PRIVATE void ClearRecord(void* record);
 bool IsNullValue(const void* value);
 void SetNullValue(void* value);
 void SetNotNullValue(void* value);

@@ -2,6 +2,9 @@
 
 #include <vexa/refrence.h>
 
+#include <cstring>
+#include <vector>
+
 #include <vexa/class_refrence.h>
 #include <vexa/container_refrence.h>
 #include <vexa/custom_type_infor.h>
@@ -17,8 +20,18 @@ using namespace Enum;
 
 namespace {
 
+/// The members of unions that are cleared are those that were active before: the walk looks at the selectors, which are
+/// attributes and will be cleared too.
+void ClearUnions(const CClassConstRefrence& object)
+{
+    std::vector<CRefrence> active;
+    for (const auto& attrib : object.Attribs()) active.emplace_back(attrib.Value().TypeInfor, attrib.Value().Address);
+    for (CRefrence& attrib : active) attrib.Clear();
+}
+
 void ClearClass(const CClassConstRefrence& object)
 {
+    if (object.ClassInfor().UnionEnumMap != nullptr) return ClearUnions(object);
     for (const auto& attrib : object.Attribs()) {
         CRefrence(attrib.Value().TypeInfor, attrib.Value().Address).Clear();
     }
@@ -63,7 +76,7 @@ void CStdBasicTypeRefrence::Clear()
         // Numbers and strings are emptied at the address itself, value objects where the value lives: the two differ for a
         // pointer that is never null, which is zeroed, and its pointee left alone.
         if constexpr (type.IS_NUMBER) {
-            core::Store(Address, T());
+            std::memset(Address, 0, sizeof(T));
         } else if constexpr (std::is_same_v<T, std::string>) {
             *static_cast<std::string*>(Address) = std::string();
         } else if constexpr (std::is_same_v<T, CBinary>) {

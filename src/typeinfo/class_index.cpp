@@ -28,6 +28,14 @@ void AddToIDMap(CAttribIDMap*& map, const CClassInfor& owner, short key, const C
     map->AddAttrib(owner, key, &record);
 }
 
+/// A union member whose selector goes because its name is taken is selected by the attribute that has the name.
+void ReplaceSelector(std::list<CAttribInfor>& records, const CAttribInfor& removed, const CAttribInfor& kept)
+{
+    for (CAttribInfor& record : records) {
+        if (record.UnionSelector == &removed) record.UnionSelector = &kept;
+    }
+}
+
 constexpr short DIRECT_KEYS = 64;
 
 } // namespace
@@ -90,6 +98,7 @@ void CClassInfor::CreateIndex()
         const CAttribInfor& record = *position;
         const CAttribInfor*& named = AttribNameMap[record.Name];
         if (named != nullptr) {
+            ReplaceSelector(AttribList, record, *named);
             position = AttribList.erase(position);
             continue;
         }

@@ -62,10 +62,11 @@ public:
     template<class M, class C>
     CAttribDescription Attrib(const char* name, M C::*member)
     {
-        static_assert(!std::is_function_v<M>, "a member function cannot be described: describe the data member that it gives");
+        constexpr bool IS_FUNCTION = std::is_function_v<M>;
         constexpr bool IS_REACHABLE = std::is_same_v<C, T> || detail::IS_FIXED_BASE<C, T>;
+        static_assert(!IS_FUNCTION, "a member function cannot be described: describe the data member that it gives");
         static_assert(IS_REACHABLE, VEXA_DETAIL_FIXED_BASE_TEXT);
-        if constexpr (IS_REACHABLE) {
+        if constexpr (IS_REACHABLE && !IS_FUNCTION) {
             return AddAttrib(name, detail::OffsetOf<M, T>(member), detail::TYPE_SOURCE<M>);
         } else {
             return {nullptr, nullptr};

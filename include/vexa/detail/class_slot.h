@@ -31,7 +31,7 @@ void DescribeTo(CDescription<T>& about)
     if constexpr (IS_PAIR<T>) {
         about.Attrib("first", &T::first);
         about.Attrib("second", &T::second);
-    } else {
+    } else if constexpr (IS_DESCRIBED<T>) {
         VexaDescribe(about);
     }
 }
@@ -40,6 +40,7 @@ template<class T>
 constexpr const char* ClassNameOf()
 {
     if constexpr (IS_PAIR<T>) return "std::pair";
+    else if constexpr (!IS_DESCRIBED<T>) return "";
     else return VexaNameOf(static_cast<const CDescription<T>*>(nullptr));
 }
 
@@ -58,6 +59,7 @@ template<class T>
 CClassSlot& ClassSlotOf()
 {
     static_assert(CKind<T>::Source().DataType == Enum::DT_CLASS, "only a class has a class descriptor: use vexa::TypeInforOf");
+    static_cast<void>(TYPE_SOURCE<T>.DataType); // says that the class is not described
     return CLASS_SLOT<T>;
 }
 

@@ -23,6 +23,10 @@ constexpr CTypeSource MakeTypeSource();
 template<class T>
 inline constexpr CTypeSource TYPE_SOURCE = MakeTypeSource<T>();
 
+/// What a value of type T is; see type_source.h, which completes it too.
+template<class T, class = void>
+struct CKind;
+
 template<class T>
 inline constexpr bool ALWAYS_FALSE = false;
 
