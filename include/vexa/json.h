@@ -20,7 +20,8 @@ namespace vexa {
 /// An attribute that is null is left out; the comma before an attribute goes by its place in the class, so an object whose
 /// first attribute is null begins `{,`. A nested value of a kind that JSON does not hold is logged and left out.
 /// \return 0; 262 when \p ref itself is of such a kind; 999 when the value nests deeper than MAX_NESTING_DEPTH or holds itself
-/// through pointers. On a code other than 0, \p out holds what was written, filled with zero bytes: do not use it.
+/// through pointers. After 262 \p out has the length that was measured, which is 0 for a kind that cannot be written; after 999
+/// it is empty.
 /// \p ref must not change meanwhile.
 VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 

@@ -2,6 +2,7 @@
 #define VEXA_MAY_NULL_H
 
 #include <cstddef>
+#include <memory>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
@@ -23,6 +24,11 @@ class MayNull {
     static_assert(!std::is_pointer_v<T> && !std::is_reference_v<T> && !std::is_array_v<T>,
                   "vexa::MayNull cannot hold a pointer, a reference or an array: a pointer may be null by itself");
 
+    /// Neither one of these nor a null.
+    template<class U>
+    static constexpr bool IS_OTHER =
+        !std::is_base_of_v<MayNull, std::decay_t<U>> && !std::is_same_v<std::decay_t<U>, NullType>;
+
 public:
     using value_type = T;
 
@@ -30,15 +36,18 @@ public:
     MayNull(NullType) {}
     MayNull(const T& value) : m_isNull(0), m_value(value) {}
     MayNull(T&& value) : m_isNull(0), m_value(std::move(value)) {}
+    /// What converts to T, for example a literal to a std::string.
+    template<class U, class = std::enable_if_t<std::is_class_v<T> && std::is_convertible_v<U&&, T> && IS_OTHER<U>>>
+    MayNull(U&& value) : m_isNull(0), m_value(std::forward<U>(value))
+    {
+    }
     MayNull& operator=(NullType)
     {
         reset();
         return *this;
     }
     /// Takes what T can be assigned from.
-    template<class U, class = std::enable_if_t<std::is_assignable_v<T&, U&&> &&
-                                               !std::is_base_of_v<MayNull, std::decay_t<U>> &&
-                                               !std::is_same_v<std::decay_t<U>, NullType>>>
+    template<class U, class = std::enable_if_t<std::is_assignable_v<T&, U&&> && IS_OTHER<U>>>
     MayNull& operator=(U&& value)
     {
         m_value = std::forward<U>(value);
@@ -51,8 +60,8 @@ public:
     /// Undefined for a null, as for std::optional.
     T& operator*() noexcept { return m_value; }
     const T& operator*() const noexcept { return m_value; }
-    T* operator->() noexcept { return &m_value; }
-    const T* operator->() const noexcept { return &m_value; }
+    T* operator->() noexcept { return std::addressof(m_value); }
+    const T* operator->() const noexcept { return std::addressof(m_value); }
     /// Throws std::logic_error for a null.
     T& value()
     {

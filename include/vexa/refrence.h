@@ -82,7 +82,8 @@ public:
 ///
 /// A null value reads as the neutral value of the target: 0, false, an empty text, a default object. A type that cannot be
 /// converted does too, and one line is logged. Nothing is thrown for a mismatch, and no range is checked: a value that does
-/// not fit an integer target keeps its low bits, a floating value beyond the target gives the target's nearest limit.
+/// not fit an integer target keeps its low bits; a floating value is cut to 32 bits first for targets up to int, to 64 for
+/// wider ones, and to the lowest of those where it does not fit.
 class VEXA_API CStdBasicTypeConstRefrence : public CConstRefrence {
 public:
     using CConstRefrence::CConstRefrence;

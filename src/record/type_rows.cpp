@@ -2,22 +2,10 @@
 
 #include <vexa/table.h>
 
-#include "core/type_table.h"
+#include "core/record_life.h"
 #include "reference/custom_value.h"
 
 namespace vexa::core {
-
-template<class Record>
-void* MakeRecord()
-{
-    return new Record();
-}
-
-template<class Record>
-void DestroyRecord(void* record)
-{
-    delete static_cast<Record*>(record);
-}
 
 template<class Record>
 void ClearRecord(void* record)

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "core/basic_types.h"
+#include "reference/source_value.h"
 
 namespace vexa {
 
@@ -219,12 +220,7 @@ CValue& CValue::ReadFrom(const CStdBasicTypeConstRefrence& source)
         SetNull();
         return *this;
     }
-    core::VisitBasicType(source.TypeInfor.DataType, [&](auto type) {
-        using T = typename decltype(type)::Type;
-        if constexpr (type.CODE == DT_CHAR) ReadFrom(static_cast<char>(core::Load<T>(value)));
-        else if constexpr (std::is_same_v<T, core::CTextAtAddress>) ReadFrom(static_cast<const char*>(value));
-        else ReadFrom(core::Load<T>(value));
-    });
+    reference::WithSourceValue(source.TypeInfor.DataType, value, [this](const auto& stored) { ReadFrom(stored); });
     return *this;
 }
 

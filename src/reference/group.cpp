@@ -2,7 +2,7 @@
 
 #include <vexa/class_refrence.h>
 
-#include "core/type_table.h"
+#include "core/record_life.h"
 
 namespace vexa {
 
@@ -110,18 +110,6 @@ bool CGnlClass::FindAttribByIndex(CConstRefrence& out, unsigned long index) cons
 } // namespace vexa
 
 namespace vexa::core {
-
-template<class Record>
-void* MakeRecord()
-{
-    return new Record();
-}
-
-template<class Record>
-void DestroyRecord(void* record)
-{
-    delete static_cast<Record*>(record);
-}
 
 namespace {
 

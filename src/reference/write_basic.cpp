@@ -10,6 +10,7 @@
 #include "core/c_locale.h"
 #include "core/type_table.h"
 #include "reference/convert_number.h"
+#include "reference/source_value.h"
 
 namespace vexa {
 
@@ -187,12 +188,7 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const CStdBasicTypeConstR
         SetNull();
         return *this;
     }
-    core::VisitBasicType(source.TypeInfor.DataType, [&](auto type) {
-        using T = typename decltype(type)::Type;
-        if constexpr (type.CODE == DT_CHAR) ReadFrom(static_cast<char>(core::Load<T>(value)));
-        else if constexpr (std::is_same_v<T, core::CTextAtAddress>) ReadFrom(static_cast<const char*>(value));
-        else ReadFrom(core::Load<T>(value));
-    });
+    reference::WithSourceValue(source.TypeInfor.DataType, value, [this](const auto& stored) { ReadFrom(stored); });
     return *this;
 }
 

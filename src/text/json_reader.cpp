@@ -10,6 +10,7 @@
 #include "reference/custom_value.h"
 #include "text/json_code.h"
 #include "text/json_cursor.h"
+#include "text/json_keys.h"
 
 namespace vexa {
 
@@ -17,64 +18,6 @@ using namespace Enum;
 using namespace text;
 
 namespace {
-
-/// The codes of one kind of object, whose grammar the kinds share.
-struct CObjectCodes {
-    int NoBrace, EndsBeforeKey, NoKey, KeyNotClosed, NoColon, NoValue, EndsAfterValue, NoSeparator;
-};
-
-constexpr CObjectCodes CLASS_CODES = {CLASS_NO_BRACE, CLASS_ENDS_BEFORE_KEY, CLASS_NO_KEY,           CLASS_KEY_NOT_CLOSED,
-                                      CLASS_NO_COLON, CLASS_NO_VALUE,        CLASS_ENDS_AFTER_VALUE, CLASS_NO_SEPARATOR};
-
-constexpr CObjectCodes GENERIC_CODES = {GENERIC_NO_BRACE,       GENERIC_ENDS_BEFORE_KEY, GENERIC_NO_KEY,
-                                        GENERIC_KEY_NOT_CLOSED, GENERIC_NO_COLON,        GENERIC_NO_VALUE,
-                                        GENERIC_ENDS_AFTER_VALUE, GENERIC_NO_SEPARATOR};
-
-/// Finds the entries of a generic object by their keys.
-class CGenericKeys {
-public:
-    explicit CGenericKeys(const CGnlClass& object) : m_object(object) {}
-    CRefrence Find(const char* key, std::size_t length) const
-    {
-        CRefrence found;
-        m_object.FindAttribByName(found, std::string(key, length));
-        return found;
-    }
-
-private:
-    const CGnlClass& m_object;
-};
-
-/// Finds the attributes of one object by their keys. Text that was written from such an object has them in the order of the
-/// class, so the next few records are tried before the index.
-class CClassKeys {
-public:
-    explicit CClassKeys(const CClassConstRefrence& object)
-        : m_object(object), m_address(static_cast<char*>(object.ValueAddress())),
-          m_next(object.ClassInfor().AttribList.begin()), m_end(object.ClassInfor().AttribList.end())
-    {
-    }
-
-    /// The attribute, or a reference without address.
-    CRefrence Find(const char* key, std::size_t length)
-    {
-        auto candidate = m_next;
-        for (int tries = 0; tries < 4 && candidate != m_end; ++tries, ++candidate) {
-            if (candidate->Name.size() != length || std::memcmp(candidate->Name.data(), key, length) != 0) continue;
-            m_next = std::next(candidate);
-            return {candidate->TypeInfor, m_address + candidate->Offset};
-        }
-        CRefrence found;
-        m_object.FindAttribByName(found, std::string(key, length));
-        return found;
-    }
-
-private:
-    const CClassConstRefrence& m_object;
-    char* m_address;
-    std::list<CAttribInfor>::const_iterator m_next;
-    std::list<CAttribInfor>::const_iterator m_end;
-};
 
 /// Something that the reader made through a descriptor, destroyed unless it is given away.
 class CMade {

@@ -104,8 +104,10 @@ private:
     /// As the descriptor would allocate it, so that the descriptor can release it.
     static void* Allocate(const T& value)
     {
-        if constexpr (std::is_trivially_destructible_v<T>) return new (::operator new(sizeof(T))) T(value);
-        else return new T(value);
+        if constexpr (std::is_trivially_destructible_v<T>)
+            return new (::operator new(sizeof(T))) T(value);
+        else
+            return new T(value);
     }
 
     HoldingForm m_form;
@@ -149,8 +151,8 @@ struct UnsupportedType {
 };
 
 constexpr UnsupportedType UNSUPPORTED_TYPES[] = {
-    {0, "unkown type"},  {3, "void"},         {10, "unkown type"}, {20, "unkown type"},     {21, "unkown type"},
-    {27, "unkown type"}, {39, "unkown type"}, {40, "unkown type"}, {43, "unkown type"},     {58, "unkown type"},
+    {0, "unkown type"},  {3, "void"},         {10, "unkown type"},      {20, "unkown type"},  {21, "unkown type"},
+    {27, "unkown type"}, {39, "unkown type"}, {40, "unkown type"},      {43, "unkown type"},  {58, "unkown type"},
     {59, "unkown type"}, {99, "unkown type"}, {121, "std_bitset_node"}, {255, "unkown type"},
 };
 

@@ -9,9 +9,9 @@
 
 #include "support/conversion_types.h"
 
-/// What every number is in every other number type. Reading and writing a number follow the same rules, so this one table
-/// serves both: integers keep their low bits, floating values are cut toward zero, first to 32 bits for a target up to int
-/// and to 64 bits for a larger one, where a value that does not fit becomes the lowest.
+/// What every number is in every other number type. Reading and writing a number follow the same rules, so this one
+/// table serves both: integers keep their low bits, floating values are cut toward zero, first to 32 bits for a target
+/// up to int and to 64 bits for a larger one, where a value that does not fit becomes the lowest.
 
 namespace vexa_test {
 

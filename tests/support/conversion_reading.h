@@ -25,35 +25,53 @@ struct Readers {
 
 template<class T>
 constexpr Readers<T> READERS;
-template<> inline constexpr Readers<bool> READERS<bool> = {&Ref::As_bool, &Ref::operator bool, &Ref::WriteTo};
-template<> inline constexpr Readers<char> READERS<char> = {&Ref::As_char, nullptr, &Ref::WriteTo};
-template<> inline constexpr Readers<short> READERS<short> = {&Ref::As_short, &Ref::operator short, &Ref::WriteTo};
-template<> inline constexpr Readers<int> READERS<int> = {&Ref::As_int, &Ref::operator int, &Ref::WriteTo};
-template<> inline constexpr Readers<long> READERS<long> = {&Ref::As_long, &Ref::operator long, &Ref::WriteTo};
-template<> inline constexpr Readers<long long> READERS<long long> = {&Ref::As_long_long, &Ref::operator long long,
-                                                                     &Ref::WriteTo};
-template<> inline constexpr Readers<unsigned char> READERS<unsigned char> = {
-    &Ref::As_unsigned_char, &Ref::operator unsigned char, &Ref::WriteTo};
-template<> inline constexpr Readers<unsigned short> READERS<unsigned short> = {
-    &Ref::As_unsigned_short, &Ref::operator unsigned short, &Ref::WriteTo};
-template<> inline constexpr Readers<unsigned int> READERS<unsigned int> = {
-    &Ref::As_unsigned_int, &Ref::operator unsigned int, &Ref::WriteTo};
-template<> inline constexpr Readers<unsigned long> READERS<unsigned long> = {
-    &Ref::As_unsigned_long, &Ref::operator unsigned long, &Ref::WriteTo};
-template<> inline constexpr Readers<unsigned long long> READERS<unsigned long long> = {
+template<>
+inline constexpr Readers<bool> READERS<bool> = {&Ref::As_bool, &Ref::operator bool, &Ref::WriteTo};
+template<>
+inline constexpr Readers<char> READERS<char> = {&Ref::As_char, nullptr, &Ref::WriteTo};
+template<>
+inline constexpr Readers<short> READERS<short> = {&Ref::As_short, &Ref::operator short, &Ref::WriteTo};
+template<>
+inline constexpr Readers<int> READERS<int> = {&Ref::As_int, &Ref::operator int, &Ref::WriteTo};
+template<>
+inline constexpr Readers<long> READERS<long> = {&Ref::As_long, &Ref::operator long, &Ref::WriteTo};
+template<>
+inline constexpr Readers<long long> READERS<long long> = {&Ref::As_long_long, &Ref::operator long long, &Ref::WriteTo};
+template<>
+inline constexpr Readers<unsigned char> READERS<unsigned char> = {&Ref::As_unsigned_char, &Ref::operator unsigned char,
+                                                                  &Ref::WriteTo};
+template<>
+inline constexpr Readers<unsigned short> READERS<unsigned short> = {&Ref::As_unsigned_short,
+                                                                    &Ref::operator unsigned short, &Ref::WriteTo};
+template<>
+inline constexpr Readers<unsigned int> READERS<unsigned int> = {&Ref::As_unsigned_int, &Ref::operator unsigned int,
+                                                                &Ref::WriteTo};
+template<>
+inline constexpr Readers<unsigned long> READERS<unsigned long> = {&Ref::As_unsigned_long, &Ref::operator unsigned long,
+                                                                  &Ref::WriteTo};
+template<>
+inline constexpr Readers<unsigned long long> READERS<unsigned long long> = {
     &Ref::As_unsigned_long_long, &Ref::operator unsigned long long, &Ref::WriteTo};
-template<> inline constexpr Readers<float> READERS<float> = {&Ref::As_float, &Ref::operator float, &Ref::WriteTo};
-template<> inline constexpr Readers<double> READERS<double> = {&Ref::As_double, &Ref::operator double, &Ref::WriteTo};
-template<> inline constexpr Readers<long double> READERS<long double> = {&Ref::As_long_double,
-                                                                         &Ref::operator long double, nullptr};
-template<> inline constexpr Readers<std::string> READERS<std::string> = {&Ref::As_std_string, nullptr, nullptr};
-template<> inline constexpr Readers<vexa::CBinary> READERS<vexa::CBinary> = {
-    &Ref::As_CBinary, &Ref::operator vexa::CBinary, &Ref::WriteTo};
-template<> inline constexpr Readers<vexa::CNumeric> READERS<vexa::CNumeric> = {
-    &Ref::As_CNumeric, &Ref::operator vexa::CNumeric, &Ref::WriteTo};
-template<> inline constexpr Readers<vexa::CDateTime> READERS<vexa::CDateTime> = {
-    &Ref::As_CDateTime, &Ref::operator vexa::CDateTime, &Ref::WriteTo};
-template<> inline constexpr Readers<tm> READERS<tm> = {&Ref::As_tm, nullptr, &Ref::WriteTo};
+template<>
+inline constexpr Readers<float> READERS<float> = {&Ref::As_float, &Ref::operator float, &Ref::WriteTo};
+template<>
+inline constexpr Readers<double> READERS<double> = {&Ref::As_double, &Ref::operator double, &Ref::WriteTo};
+template<>
+inline constexpr Readers<long double> READERS<long double> = {&Ref::As_long_double, &Ref::operator long double,
+                                                              nullptr};
+template<>
+inline constexpr Readers<std::string> READERS<std::string> = {&Ref::As_std_string, nullptr, nullptr};
+template<>
+inline constexpr Readers<vexa::CBinary> READERS<vexa::CBinary> = {&Ref::As_CBinary, &Ref::operator vexa::CBinary,
+                                                                  &Ref::WriteTo};
+template<>
+inline constexpr Readers<vexa::CNumeric> READERS<vexa::CNumeric> = {&Ref::As_CNumeric, &Ref::operator vexa::CNumeric,
+                                                                    &Ref::WriteTo};
+template<>
+inline constexpr Readers<vexa::CDateTime> READERS<vexa::CDateTime> = {&Ref::As_CDateTime,
+                                                                      &Ref::operator vexa::CDateTime, &Ref::WriteTo};
+template<>
+inline constexpr Readers<tm> READERS<tm> = {&Ref::As_tm, nullptr, &Ref::WriteTo};
 
 /// The number of ways of reading a target type.
 template<class T>
@@ -99,7 +117,8 @@ inline void ExpectReadsNoNumbers(const Ref& source, const std::string& sourceNam
         const std::string log = LoggedLines([&] { ExpectReads<T>(source, Shown(T())); });
         std::string expected;
         for (int i = 0; i < WaysOfReading<T>(); ++i) {
-            expected += sourceName + " type CStdBasicTypeConstRefrence can not be converted to " + BasicType<T>::Name + "\n";
+            expected +=
+                sourceName + " type CStdBasicTypeConstRefrence can not be converted to " + BasicType<T>::Name + "\n";
         }
         EXPECT_EQ(log, expected);
     });

@@ -3,9 +3,9 @@
 
 #include "support/conversion_numbers.h"
 
-/// What texts read as in every number type. Integers take the leading decimal digits, within the range of a long, and keep
-/// the low bits; long long, unsigned long long, float and double take the leading floating number; long double, unlike
-/// double, takes the digits only.
+/// What texts read as in every number type. Integers take the leading decimal digits, within the range of a long, and
+/// keep the low bits; long long, unsigned long long, float and double take the leading floating number; long double,
+/// unlike double, takes the digits only.
 
 namespace vexa_test {
 

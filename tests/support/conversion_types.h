@@ -1,11 +1,11 @@
 #ifndef VEXA_TESTS_SUPPORT_CONVERSION_TYPES_H
 #define VEXA_TESTS_SUPPORT_CONVERSION_TYPES_H
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <ctime>
 #include <limits>
+#include <locale>
 #include <sstream>
 #include <string>
 #include <type_traits>
@@ -34,6 +34,7 @@ struct BasicTypeCode {
 
 template<class T>
 struct BasicType;
+// clang-format off
 template<> struct BasicType<bool> : BasicTypeCode<11> { static constexpr char Name[] = "bool"; };
 template<> struct BasicType<char> : BasicTypeCode<12> { static constexpr char Name[] = "char"; };
 template<> struct BasicType<short> : BasicTypeCode<13> { static constexpr char Name[] = "short"; };
@@ -56,6 +57,7 @@ template<> struct BasicType<vexa::CBinary> : BasicTypeCode<45> { static constexp
 template<> struct BasicType<vexa::CNumeric> : BasicTypeCode<47> { static constexpr char Name[] = "vexa::CNumeric"; };
 template<> struct BasicType<tm> : BasicTypeCode<51> { static constexpr char Name[] = "tm"; };
 template<> struct BasicType<vexa::CDateTime> : BasicTypeCode<52> { static constexpr char Name[] = "vexa::CDateTime"; };
+// clang-format on
 
 template<class T>
 struct TypeTag {
@@ -63,7 +65,8 @@ struct TypeTag {
 };
 
 template<class... Ts>
-struct TypeList {};
+struct TypeList {
+};
 
 using NumberTypes = TypeList<bool, char, short, int, long, long long, unsigned char, unsigned short, unsigned int,
                              unsigned long, unsigned long long, float, double, long double>;
@@ -100,13 +103,20 @@ inline tm MakeTm(int year, int month, int day, int hour, int minute, int second)
 template<class T>
 T Untouched()
 {
-    if constexpr (std::is_same_v<T, bool>) return true;
-    else if constexpr (std::is_arithmetic_v<T>) return static_cast<T>(77);
-    else if constexpr (std::is_same_v<T, tm>) return MakeTm(2001, 2, 3, 4, 5, 6);
-    else if constexpr (std::is_same_v<T, vexa::CDateTime>) return vexa::CDateTime(981173106L, 777L);
-    else if constexpr (std::is_same_v<T, vexa::CNumeric>) return vexa::CNumeric(std::string("77"));
-    else if constexpr (std::is_same_v<T, vexa::CBinary>) return vexa::CBinary(std::string("untouched"));
-    else return T("untouched");
+    if constexpr (std::is_same_v<T, bool>)
+        return true;
+    else if constexpr (std::is_arithmetic_v<T>)
+        return static_cast<T>(77);
+    else if constexpr (std::is_same_v<T, tm>)
+        return MakeTm(2001, 2, 3, 4, 5, 6);
+    else if constexpr (std::is_same_v<T, vexa::CDateTime>)
+        return vexa::CDateTime(981173106L, 777L);
+    else if constexpr (std::is_same_v<T, vexa::CNumeric>)
+        return vexa::CNumeric(std::string("77"));
+    else if constexpr (std::is_same_v<T, vexa::CBinary>)
+        return vexa::CBinary(std::string("untouched"));
+    else
+        return T("untouched");
 }
 
 /// Every field of a value, readable in a failure and different for different values.

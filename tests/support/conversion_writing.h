@@ -85,14 +85,16 @@ inline void ForEachWriteCase(const AnyBasicType& type, const std::function<void(
     }
 }
 
-/// The write stores what is shown so, wherever a value can be stored; elsewhere it logs the message, which ends with the
-/// target's type name, and leaves everything alone.
+/// The write stores what is shown so, wherever a value can be stored; elsewhere it logs the message, which ends with
+/// the target's type name, and leaves everything alone.
 inline void ExpectStores(const AnyBasicType& type, const Write& write, const std::string& shown,
                          const std::string& message)
 {
     ForEachWriteCase(type, [&](WriteCase& target) {
-        if (target.IsWritable()) target.ExpectStores(write, shown);
-        else target.ExpectRefuses(write, message, WhenRefused::StaysAsItWas);
+        if (target.IsWritable())
+            target.ExpectStores(write, shown);
+        else
+            target.ExpectRefuses(write, message, WhenRefused::StaysAsItWas);
     });
 }
 

@@ -27,13 +27,16 @@ inline tm SampleTime()
 
 /// The codes of which a value can hold something.
 inline constexpr vexa::Enum::DataTypeEnum STORED_CODES[] = {
-    vexa::Enum::DT_BOOL,          vexa::Enum::DT_CHAR,           vexa::Enum::DT_SHORT,
-    vexa::Enum::DT_INT,           vexa::Enum::DT_LONG,           vexa::Enum::DT_LONG_LONG,
-    vexa::Enum::DT_FLOAT,         vexa::Enum::DT_DOUBLE,         vexa::Enum::DT_LONG_DOUBLE,
-    vexa::Enum::DT_UNSIGNED_CHAR, vexa::Enum::DT_UNSIGNED_SHORT, vexa::Enum::DT_UNSIGNED_INT,
-    vexa::Enum::DT_UNSIGNED_LONG, vexa::Enum::DT_UNSIGNED_LONG_LONG,
-    vexa::Enum::DT_STD_STRING,    vexa::Enum::DT_BINARY,         vexa::Enum::DT_NUMERIC,
-    vexa::Enum::DT_TM,            vexa::Enum::DT_DATETIME};
+    vexa::Enum::DT_BOOL,           vexa::Enum::DT_CHAR,
+    vexa::Enum::DT_SHORT,          vexa::Enum::DT_INT,
+    vexa::Enum::DT_LONG,           vexa::Enum::DT_LONG_LONG,
+    vexa::Enum::DT_FLOAT,          vexa::Enum::DT_DOUBLE,
+    vexa::Enum::DT_LONG_DOUBLE,    vexa::Enum::DT_UNSIGNED_CHAR,
+    vexa::Enum::DT_UNSIGNED_SHORT, vexa::Enum::DT_UNSIGNED_INT,
+    vexa::Enum::DT_UNSIGNED_LONG,  vexa::Enum::DT_UNSIGNED_LONG_LONG,
+    vexa::Enum::DT_STD_STRING,     vexa::Enum::DT_BINARY,
+    vexa::Enum::DT_NUMERIC,        vexa::Enum::DT_TM,
+    vexa::Enum::DT_DATETIME};
 
 /// A value of one of these codes that is not its type's default; its text is SampleText(code).
 inline vexa::CValue Sample(vexa::Enum::DataTypeEnum code)

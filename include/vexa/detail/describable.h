@@ -9,8 +9,8 @@
 #include <vexa/detail/type_traits.h>
 
 /// \file
-/// What cannot be described. Each refusal is one sentence that names the remedy; the code around it goes on as if nothing had
-/// been asked for, so that the compiler says no more than that sentence.
+/// What cannot be described. Each refusal is one sentence that names the remedy; the code around it goes on as if
+/// nothing had been asked for, so that the compiler says no more than that sentence.
 
 namespace vexa {
 
@@ -49,15 +49,18 @@ constexpr bool IsDescribableValue()
 {
     constexpr bool IS_UNDESCRIBED = NEEDS_DESCRIPTION<T>;
     if constexpr (std::is_same_v<typename CWithoutEnum<T>::Type, signed char>) {
-        static_assert(!IS_UNDESCRIBED, "signed char has no type code: use char or unsigned char for bytes, short for numbers");
+        static_assert(!IS_UNDESCRIBED,
+                      "signed char has no type code: use char or unsigned char for bytes, short for numbers");
     } else if constexpr (IS_SPECIALIZATION<T, std::shared_ptr>) {
-        static_assert(!IS_UNDESCRIBED, "a std::shared_ptr cannot be described: hold the object by std::unique_ptr or by value");
+        static_assert(!IS_UNDESCRIBED,
+                      "a std::shared_ptr cannot be described: hold the object by std::unique_ptr or by value");
     } else if constexpr (IS_VECTOR_OF_BOOL<T>) {
         static_assert(!IS_UNDESCRIBED,
                       "std::vector<bool> has no elements that can be addressed: use std::deque<bool> or std::bitset");
     } else {
-        static_assert(!IS_UNDESCRIBED, "this type is not described: describe it with VEXA_DESCRIBE or VEXA_DESCRIBE_CLASS "
-                                       "in its own namespace");
+        static_assert(!IS_UNDESCRIBED,
+                      "this type is not described: describe it with VEXA_DESCRIBE or VEXA_DESCRIBE_CLASS "
+                      "in its own namespace");
     }
     return !IS_UNDESCRIBED;
 }
@@ -68,12 +71,15 @@ constexpr bool IsDescribableInside()
 {
     constexpr bool IS_WRAPPER = IS_SPECIALIZATION<T, MayNull> || IS_SPECIALIZATION<T, NonNullPointer>;
     constexpr bool IS_ANY_POINTER = std::is_pointer_v<T> || IS_UNIQUE_POINTER<T>;
-    static_assert(!IS_WRAPPER,
-                  "a vexa::MayNull or vexa::NonNullPointer cannot be described behind a pointer or wrapper: use it alone");
+    static_assert(
+        !IS_WRAPPER,
+        "a vexa::MayNull or vexa::NonNullPointer cannot be described behind a pointer or wrapper: use it alone");
     static_assert(!IS_ANY_POINTER,
                   "a pointer to a pointer cannot be described: describe a pointer to a class that holds the inner one");
-    if constexpr (IS_WRAPPER || IS_ANY_POINTER) return false;
-    else return IsDescribableValue<T>();
+    if constexpr (IS_WRAPPER || IS_ANY_POINTER)
+        return false;
+    else
+        return IsDescribableValue<T>();
 }
 
 /// Whether there is a description of T as it stands.
@@ -83,18 +89,25 @@ constexpr bool IsDescribable()
     using Value = typename CHolding<T>::Value;
     constexpr bool IS_POINTER = (CHolding<T>::FLAGS & Enum::HF_POINTER) != 0;
     constexpr bool IS_VALUE_POINTER = IS_POINTER && std::is_same_v<Value, CValue>;
+    constexpr bool IS_MAY_NULL = IS_SPECIALIZATION<std::remove_const_t<T>, MayNull>;
     constexpr bool IS_TO_CONST = IS_UNIQUE_POINTER_TO_CONST<T>;
     constexpr bool IS_FAR = CHolding<T>::VALUE_OFFSET > 255;
     constexpr bool IS_OTHER_UNIQUE_POINTER = IS_UNIQUE_POINTER<T> && !IS_POINTER;
     static_assert(!std::is_reference_v<T>, "a reference member cannot be described: make it a pointer or a value");
-    static_assert(!IS_VALUE_POINTER, "a pointer to vexa::CValue cannot be described, which is null by itself: hold the value");
-    static_assert(!IS_TO_CONST, "a std::unique_ptr to const cannot be described: use one to a value that can be changed");
-    static_assert(!IS_OTHER_UNIQUE_POINTER, "a std::unique_ptr to an array or with a deleter cannot be described: use a "
-                                            "std::vector or a plain std::unique_ptr");
-    static_assert(!IS_FAR, "a vexa::MayNull of a type aligned to 256 bytes or more cannot be described: hold it by pointer");
+    static_assert(!IS_VALUE_POINTER,
+                  "a pointer to vexa::CValue cannot be described, which is null by itself: hold the value");
+    static_assert(!IS_TO_CONST,
+                  "a std::unique_ptr to const cannot be described: use one to a value that can be changed");
+    static_assert(!IS_OTHER_UNIQUE_POINTER,
+                  "a std::unique_ptr to an array or with a deleter cannot be described: use a "
+                  "std::vector or a plain std::unique_ptr");
+    static_assert(!IS_FAR,
+                  "a vexa::MayNull of a type aligned to 256 bytes or more cannot be described: hold it by pointer");
     if constexpr (std::is_reference_v<T> || IS_VALUE_POINTER || IS_TO_CONST || IS_OTHER_UNIQUE_POINTER || IS_FAR) {
         return false;
-    } else if constexpr (IS_POINTER || IS_SPECIALIZATION<std::remove_const_t<T>, MayNull>) {
+    } else if constexpr (IS_MAY_NULL && std::is_pointer_v<Value>) {
+        return false; // MayNull itself has said so
+    } else if constexpr (IS_POINTER || IS_MAY_NULL) {
         return IsDescribableInside<Value>();
     } else {
         return IsDescribableValue<Value>();

@@ -3,9 +3,9 @@
 
 // VEXA_DETAIL_FOR_EACH(f, context, a, b, ...) gives f(context, a) f(context, b) ... for up to 1000 arguments.
 //
-// The preprocessor expands no macro inside itself, so each step leaves the next one unfinished, and EVAL scans the whole
-// again often enough to finish it. Scans beyond the last step cost as much: a thousand for each of 50 classes take 2 s, sixteen
-// 0.05 s. So a list is scanned about as often as it is long: 16, 64 or 1000 times.
+// The preprocessor expands no macro inside itself, so each step leaves the next one unfinished, and EVAL scans the
+// whole again often enough to finish it. Scans beyond the last step cost as much: a thousand for each of 50 classes
+// take 2 s, sixteen 0.05 s. So a list is scanned about as often as it is long: 16, 64 or 1000 times.
 //
 // An argument list ends at the marker, whose expansion turns the next step into END.
 
@@ -30,12 +30,12 @@
 
 #define VEXA_DETAIL_END(...)
 #define VEXA_DETAIL_NOTHING
-#define VEXA_DETAIL_STEP_A(f, context, item, peek, ...)                                                               \
+#define VEXA_DETAIL_STEP_A(f, context, item, peek, ...)                                                                \
     f(context, item) VEXA_DETAIL_IF_MARKER(peek, VEXA_DETAIL_END, VEXA_DETAIL_STEP_B)                                  \
-        VEXA_DETAIL_NOTHING (f, context, peek, __VA_ARGS__)
-#define VEXA_DETAIL_STEP_B(f, context, item, peek, ...)                                                               \
+        VEXA_DETAIL_NOTHING(f, context, peek, __VA_ARGS__)
+#define VEXA_DETAIL_STEP_B(f, context, item, peek, ...)                                                                \
     f(context, item) VEXA_DETAIL_IF_MARKER(peek, VEXA_DETAIL_END, VEXA_DETAIL_STEP_A)                                  \
-        VEXA_DETAIL_NOTHING (f, context, peek, __VA_ARGS__)
+        VEXA_DETAIL_NOTHING(f, context, peek, __VA_ARGS__)
 
 // What stands at the 17th and at the 65th place: the marker, if the list is no longer than 16 or 64.
 #define VEXA_DETAIL_4_MARKERS VEXA_DETAIL_MARKER, VEXA_DETAIL_MARKER, VEXA_DETAIL_MARKER, VEXA_DETAIL_MARKER
@@ -46,17 +46,21 @@
 #define VEXA_DETAIL_APPLY(macro, ...) macro(__VA_ARGS__)
 #define VEXA_DETAIL_17TH(...) VEXA_DETAIL_APPLY(VEXA_DETAIL_17TH_OF, __VA_ARGS__, VEXA_DETAIL_16_MARKERS, 0)
 #define VEXA_DETAIL_65TH(...)                                                                                          \
-    VEXA_DETAIL_APPLY(VEXA_DETAIL_17TH_OF,                                                                             \
+    VEXA_DETAIL_APPLY(                                                                                                 \
+        VEXA_DETAIL_17TH_OF,                                                                                           \
         VEXA_DETAIL_APPLY(VEXA_DETAIL_BEHIND_16,                                                                       \
-            VEXA_DETAIL_APPLY(VEXA_DETAIL_BEHIND_16,                                                                   \
-                VEXA_DETAIL_APPLY(VEXA_DETAIL_BEHIND_16, __VA_ARGS__, VEXA_DETAIL_16_MARKERS, VEXA_DETAIL_16_MARKERS,  \
-                    VEXA_DETAIL_16_MARKERS, VEXA_DETAIL_16_MARKERS, 0))))
+                          VEXA_DETAIL_APPLY(VEXA_DETAIL_BEHIND_16,                                                     \
+                                            VEXA_DETAIL_APPLY(VEXA_DETAIL_BEHIND_16, __VA_ARGS__,                      \
+                                                              VEXA_DETAIL_16_MARKERS, VEXA_DETAIL_16_MARKERS,          \
+                                                              VEXA_DETAIL_16_MARKERS, VEXA_DETAIL_16_MARKERS, 0))))
 
 #define VEXA_DETAIL_EVAL_FOR(...)                                                                                      \
-    VEXA_DETAIL_IF_MARKER(VEXA_DETAIL_17TH(__VA_ARGS__), VEXA_DETAIL_EVAL16,                                           \
+    VEXA_DETAIL_IF_MARKER(                                                                                             \
+        VEXA_DETAIL_17TH(__VA_ARGS__), VEXA_DETAIL_EVAL16,                                                             \
         VEXA_DETAIL_IF_MARKER(VEXA_DETAIL_65TH(__VA_ARGS__), VEXA_DETAIL_EVAL64, VEXA_DETAIL_EVAL1000))
 #define VEXA_DETAIL_FOR_EACH(f, context, ...)                                                                          \
-    VEXA_DETAIL_APPLY(VEXA_DETAIL_EVAL_FOR(__VA_ARGS__),                                                               \
+    VEXA_DETAIL_APPLY(                                                                                                 \
+        VEXA_DETAIL_EVAL_FOR(__VA_ARGS__),                                                                             \
         VEXA_DETAIL_STEP_A(f, context, __VA_ARGS__, VEXA_DETAIL_MARKER, VEXA_DETAIL_MARKER, VEXA_DETAIL_MARKER, 0))
 
 #endif

@@ -21,7 +21,8 @@ struct CHolding {
 template<class T>
 struct CHolding<const T> : CHolding<T> {
     static constexpr bool IS_POINTER = (CHolding<T>::FLAGS & Enum::HF_POINTER) != 0;
-    static constexpr unsigned int FLAGS = (CHolding<T>::FLAGS & ~(IS_POINTER ? Enum::HF_NULLABLE : 0U)) | Enum::HF_CONST;
+    static constexpr unsigned int FLAGS =
+        (CHolding<T>::FLAGS & ~(IS_POINTER ? Enum::HF_NULLABLE : 0U)) | Enum::HF_CONST;
 };
 template<class T, std::size_t SIZE>
 struct CHolding<const T[SIZE]> : CHolding<T[SIZE]> {
@@ -34,14 +35,25 @@ struct CPointerHolding {
     static constexpr std::size_t VALUE_OFFSET = 0;
 };
 template<class T>
-struct CHolding<T*> : CPointerHolding<T, 0> {};
+struct CHolding<T*> : CPointerHolding<T, 0> {
+};
 /// A pointer to const does not own what it points at; no one knows how to make or free untyped memory.
 template<class T>
-struct CHolding<const T*> : CPointerHolding<T, Enum::HF_CONST> {};
+struct CHolding<const T*> : CPointerHolding<T, Enum::HF_CONST> {
+};
 template<>
-struct CHolding<void*> : CHolding<const void*> {};
+struct CHolding<void*> : CHolding<const void*> {
+};
 template<class T>
-struct CHolding<std::unique_ptr<T>> : CHolding<T*> {};
+struct CHolding<std::unique_ptr<T>> : CHolding<T*> {
+};
+/// This one does not know how many it owns: it is no pointer to one value.
+template<class T>
+struct CHolding<std::unique_ptr<T[]>> {
+    using Value = std::unique_ptr<T[]>;
+    static constexpr unsigned int FLAGS = 0;
+    static constexpr std::size_t VALUE_OFFSET = 0;
+};
 template<class T>
 struct CHolding<MayNull<T>> {
     using Value = T;

@@ -108,6 +108,10 @@ VEXA_DETAIL_CONTAINER(CAssociativeKind, unordered_multimap, DT_ASSOCIATIVE_E)
 #undef VEXA_DETAIL_CONTAINER
 // clang-format on
 
+template<class Allocator>
+struct CKind<std::vector<bool, Allocator>> : CPlainKind<Enum::DT_UNKNOWN> {
+    using NeedsDescription = void;
+};
 template<class T, std::size_t SIZE>
 struct CKind<std::array<T, SIZE>>
     : CContainerKind<std::array<T, SIZE>, Enum::DT_ARRAY, CArrayOperations<std::array<T, SIZE>>> {
