@@ -37,7 +37,8 @@ public:
     MayNull(const T& value) : m_isNull(0), m_value(value) {}
     MayNull(T&& value) : m_isNull(0), m_value(std::move(value)) {}
     /// What converts to T, for example a literal to a std::string.
-    template<class U, class = std::enable_if_t<std::is_class_v<T> && std::is_convertible_v<U&&, T> && IS_OTHER<U>>>
+    template<class U, class = std::enable_if_t<std::conjunction_v<std::bool_constant<std::is_class_v<T> && IS_OTHER<U>>,
+                                                                  std::is_convertible<U&&, T>>>>
     MayNull(U&& value) : m_isNull(0), m_value(std::forward<U>(value))
     {
     }

@@ -133,7 +133,10 @@ public:
     bool IsNull(const void* holder) const
     {
         if (holder == nullptr || DataType == Enum::DT_NULL) return true;
-        return (DataType == Enum::DT_VALUE || Has(Enum::HF_NULLABLE)) && IsNullableNull(holder);
+        if (DataType == Enum::DT_VALUE) return IsNullValue(holder);
+        if (!Has(Enum::HF_NULLABLE)) return false;
+        if (Has(Enum::HF_POINTER)) return ValueAddress(holder) == nullptr;
+        return WrapperKind() == Enum::HF_MAY_NULL && static_cast<const unsigned char*>(holder)[NullFlagOffset] != 0;
     }
     /// Bytes of one value (not of its holder); 0 for a type without size.
     unsigned long Sizeof() const;
@@ -168,7 +171,7 @@ public:
 
 private:
     bool OwnsDetail() const noexcept { return DataType == Enum::DT_CUSTOM_OWNED && DetailInfor != nullptr; }
-    bool IsNullableNull(const void* holder) const;
+    static bool IsNullValue(const void* value);
     static const CTypeInforBase* CopyOfOwned(const CTypeInforBase* owned);
     static void ReleaseOwned(const CTypeInforBase* owned) noexcept;
 };

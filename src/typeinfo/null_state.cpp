@@ -37,13 +37,7 @@ unsigned char* NullFlag(const CGnlTypeInfor& type, void* holder)
 
 } // namespace
 
-bool CGnlTypeInfor::IsNullableNull(const void* holder) const
-{
-    if (auto* const isNull = TypeRow(DataType).IsNull) return isNull(holder);
-    if (Has(HF_POINTER)) return StoredPointer(holder) == nullptr;
-    const unsigned char* const flag = NullFlag(*this, const_cast<void*>(holder));
-    return flag != nullptr && *flag != 0;
-}
+bool CGnlTypeInfor::IsNullValue(const void* value) { return TypeRow(DT_VALUE).IsNull(value); }
 
 void CGnlTypeInfor::SetNull(void* holder) const
 {

@@ -15,6 +15,13 @@ void* MakeObject()
     else return nullptr;
 }
 
+/// An abstract class without virtual destructor is never the whole object, and no one here knows what is.
+template<class T>
+inline constexpr bool CAN_DELETE = std::is_destructible_v<T> && (!std::is_abstract_v<T> || std::has_virtual_destructor_v<T>);
+
+// The object is one that MakeObject made, so a polymorphic class needs no virtual destructor.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdelete-non-virtual-dtor"
 template<class T>
 void DestroyObject(void* object)
 {
@@ -22,8 +29,9 @@ void DestroyObject(void* object)
         if (object != nullptr) Disown(*static_cast<T*>(object));
     }
     if constexpr (std::is_array_v<T>) delete[] static_cast<std::remove_extent_t<T>*>(object);
-    else if constexpr (std::is_destructible_v<T>) delete static_cast<T*>(object);
+    else if constexpr (CAN_DELETE<T>) delete static_cast<T*>(object);
 }
+#pragma GCC diagnostic pop
 
 template<class T>
 void DescribeTo(CDescription<T>& about)
