@@ -49,7 +49,8 @@ struct CBaseClassInfor {
     const CClassInfor* ClassInfor;  ///< the base's descriptor
 };
 
-/// One entry of the flat index: a leaf attribute, spread out of the member objects that contain it.
+/// One entry of the flat index: a leaf attribute, spread out of the member objects that contain it. A member object inside a
+/// MayNull counts as if it began where its wrapper does.
 class VEXA_API CFlatAttribInfor {
 public:
     std::vector<const CAttribInfor*>* PointerPath = nullptr; ///< owned; the pointer attributes to follow, null for none
@@ -113,7 +114,8 @@ public:
     CAttribInfor& AddAttribInfor(Enum::AccessSpecifierEnum access, unsigned short offset, const char* name, short attribID);
     /// Appends copies of the records of several bases, in the order given.
     void InitBaseClass(const std::vector<CBaseClassInfor>& bases);
-    /// Appends copies of all of a base's records, each at its offset plus \p offset in 16 bits.
+    /// Appends copies of all of a base's records, each at its offset plus \p offset in 16 bits. The selector of a union member
+    /// stays the base's record, whose offset is that in the base.
     void InheritFromBaseClass_Impl(unsigned long offset, const CClassInfor& base);
 
     /// Removes records with a name already used and builds the indexes. Registration calls it, once.

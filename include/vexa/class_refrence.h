@@ -35,7 +35,8 @@ public:
     bool FindAttribByName(CConstRefrence& out, const std::string& name) const;
     /// Finds a leaf attribute of a member object, the names joined by underscores or dots. For a leaf behind a pointer the
     /// address is that of this object plus the leaf's offset in the pointed-to one: follow the entry's PointerPath
-    /// (CClassInfor::FindAttribInforByFlatName) before using it.
+    /// (CClassInfor::FindAttribInforByFlatName) before using it. For a leaf of a member object inside a MayNull the address
+    /// lacks the distance from the wrapper to its value, and must not be read: look the member up by its name first.
     bool FindAttribByFlatName(CConstRefrence& out, const std::string& name) const;
     bool FindAttribByID(CConstRefrence& out, short id) const;
     /// Finds the union member registered for a selector value, whatever the selector holds now.

@@ -19,11 +19,12 @@
 /// \file
 /// How an application describes its classes, and how it uses any described type.
 ///
-/// A description takes effect on first use, on whichever thread comes first, and at the latest when the file that holds it is
-/// initialised. It may stand in a header: every file that includes it sees the same descriptor. Describing functions may run
+/// A description takes effect on first use, on whichever thread comes first, that of a class at the latest when the file that
+/// holds it is initialised. It may stand in a header: every file that includes it sees the same descriptor. Describing functions may run
 /// several times and must do nothing but describe.
 
-/// Describes a class by its members, in order. At namespace scope, in the class's own namespace.
+/// Describes a class by its members, in order, up to 1000 of them. At namespace scope, in the class's own namespace. A class
+/// without members to describe takes VEXA_DESCRIBE_CLASS with empty braces.
 #define VEXA_DESCRIBE(Type, ...)                                                                                       \
     VEXA_DESCRIBE_CLASS(Type)                                                                                          \
     {                                                                                                                  \
@@ -95,10 +96,13 @@ CRefrence RefOf(T& object)
 {
     return {TypeInforOf<T>(), const_cast<void*>(static_cast<const void*>(std::addressof(object)))};
 }
+/// Of a const object the reference is read-only also for those who write through it.
 template<class T>
 CConstRefrence RefOf(const T& object)
 {
-    return {TypeInforOf<T>(), std::addressof(object)};
+    CConstRefrence ref(TypeInforOf<T>(), std::addressof(object));
+    if (!ref.TypeInfor.Has(Enum::HF_POINTER)) ref.TypeInfor.HoldingFlags |= Enum::HF_CONST;
+    return ref;
 }
 template<class T>
 void RefOf(const T&& object) = delete; // it would designate an object that is gone

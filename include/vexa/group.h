@@ -45,7 +45,8 @@ public:
     std::string AsString(const Enum::AsStringFormatEnum& format = Enum::ASF_VALUE) const;
 };
 
-/// Named and unnamed references to values that are only read (kind DT_GNL_CLASS). Paths lead through classes and other generic
+/// Named and unnamed references to values that are read (kind DT_GNL_CLASS). Reading JSON into the record and clearing it write
+/// through them nevertheless, unless they are read-only. Paths lead through classes and other generic
 /// classes, but not through groups.
 class VEXA_API CGnlClass {
 public:

@@ -22,7 +22,8 @@ namespace vexa {
 /// \return 0; 262 when \p ref itself is of such a kind; 999 when the value nests deeper than MAX_NESTING_DEPTH or holds itself
 /// through pointers. After 262 \p out has the length that was measured, which is 0 for a kind that cannot be written; after 999
 /// it is empty.
-/// \p ref must not change meanwhile.
+/// A null, vexa::NullType included, gives an empty text and 0. \p ref must not change meanwhile; \p out may be part of it, for
+/// which each call makes a string of its own.
 VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 
 /// Reads JSON text into \p target, which is cleared first; an empty text leaves it cleared. Bytes after the value are ignored.
@@ -30,6 +31,7 @@ VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 /// Of numbers an optional minus and decimal digits are read. Keys that the class does not have are errors. A value that
 /// stays where it was when it became null (a MayNull of a string or container, an element of an array) is appended to, not
 /// replaced.
+/// \p text must not be part of \p target.
 /// \return 0, or a code that names the point of failure, see JsonResultText. What was read before stays in \p target.
 VEXA_API int FromJson(CRefrence& target, const std::string& text);
 inline int FromJson(CRefrence&& target, const std::string& text) { return FromJson(target, text); }

@@ -42,7 +42,9 @@ public:
     MayNull(U&& value) : m_isNull(0), m_value(std::forward<U>(value))
     {
     }
-    MayNull& operator=(NullType)
+    /// A template, so that `= {}` assigns a MayNull and not this.
+    template<class U, std::enable_if_t<std::is_same_v<U, NullType>, int> = 0>
+    MayNull& operator=(U)
     {
         reset();
         return *this;

@@ -64,8 +64,8 @@ public:
     CRefrence(const CGnlTypeInfor& typeInfor, void* address) : CConstRefrence(typeInfor, address) {}
 
     /// Empties the value. One that may be null becomes null; any other is emptied by its kind: attributes one after the other,
-    /// containers of all elements, basic values to zero. A read-only value that cannot become null stays. A kind that cannot
-    /// be emptied is logged and left as it was.
+    /// containers of all elements, basic values to zero. A read-only value stays, but a pointer to one becomes null. A kind that
+    /// cannot be emptied is logged and left as it was.
     void Clear();
     void SetNull() { TypeInfor.SetNull(Address); }
     void SetNotNull() { TypeInfor.SetNotNull(Address); }
@@ -210,11 +210,11 @@ public:
     CStdBasicTypeRefrence& ReadFrom(const CStdBasicTypeConstRefrence& source);
     /// Raw text or bytes: numbers are parsed as decimal integers from text that must end in a zero byte, "true" of 4 bytes is
     /// true, std::string and CBinary take \p length bytes, tm, CDateTime and CNumeric the text up to its zero byte.
-    /// A null \p data for a tm throws std::logic_error.
+    /// A null \p data for one of these three throws std::logic_error.
     CStdBasicTypeRefrence& ReadFromMemBlock(const char* data, unsigned long length);
 
-    /// Sets the value to the empty value of its type; never changes the null state. Numbers and std::string are emptied at the
-    /// address itself, without following a pointer: call it on a pointer-held value through CRefrence::Clear.
+    /// Sets the value to the empty value of its type; never means to change the null state. Numbers are zeroed at the address
+    /// itself, without following a pointer or looking into a MayNull: empty those through CRefrence::Clear.
     void Clear();
     void SetNull() { TypeInfor.SetNull(Address); }
     void SetNotNull() { TypeInfor.SetNotNull(Address); }

@@ -22,7 +22,7 @@ inline constexpr unsigned long MAX_NESTING_DEPTH = 1000;
 
 /// The value as text.
 VEXA_API std::string AsString(const CConstRefrence& ref, Enum::AsStringFormatEnum format = Enum::ASF_VALUE);
-/// The value as text in \p out, which is emptied first and keeps its buffer.
+/// The value as text in \p out, which is emptied first, keeps its buffer and must not be part of the value.
 VEXA_API void AsString(std::string& out, const CConstRefrence& ref, Enum::AsStringFormatEnum format = Enum::ASF_VALUE);
 /// Appends the value as text to \p out.
 VEXA_API void AppendString(std::string& out, const CConstRefrence& ref, Enum::AsStringFormatEnum format = Enum::ASF_VALUE);

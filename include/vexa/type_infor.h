@@ -72,7 +72,7 @@ public:
         : DataType(other.DataType), HoldingFlags(other.HoldingFlags), NullFlagOffset(other.NullFlagOffset),
           ValueOffset(other.ValueOffset), DetailInfor(other.DetailInfor)
     {
-        if (other.OwnsDetail()) other.DetailInfor = nullptr;
+        other.ForgetOwned();
     }
     /// Copies; on a failed allocation the target is unchanged.
     CGnlTypeInfor& operator=(const CGnlTypeInfor& other)
@@ -95,7 +95,7 @@ public:
         NullFlagOffset = other.NullFlagOffset;
         ValueOffset = other.ValueOffset;
         DetailInfor = other.DetailInfor;
-        if (other.OwnsDetail()) other.DetailInfor = nullptr;
+        other.ForgetOwned();
         return *this;
     }
     ~CGnlTypeInfor()
@@ -172,6 +172,13 @@ public:
 private:
     bool OwnsDetail() const noexcept { return DataType == Enum::DT_CUSTOM_OWNED && DetailInfor != nullptr; }
     static bool IsNullValue(const void* value);
+    /// A descriptor that has been moved from is that of no type.
+    void ForgetOwned() noexcept
+    {
+        if (!OwnsDetail()) return;
+        DataType = Enum::DT_UNKNOWN;
+        DetailInfor = nullptr;
+    }
     static const CTypeInforBase* CopyOfOwned(const CTypeInforBase* owned);
     static void ReleaseOwned(const CTypeInforBase* owned) noexcept;
 };

@@ -1,6 +1,7 @@
 #ifndef VEXA_VALUE_H
 #define VEXA_VALUE_H
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <type_traits>
@@ -105,6 +106,7 @@ private:
         return *this = std::move(assigned);
     }
     bool CanStore(Enum::DataTypeEnum source) const;
+    std::size_t OwnBytesFrom(const char* data) const; // how many bytes of a text of its own begin there
     void Make(unsigned char code);
     void Release();
     void CopyContents(const CValue& other);

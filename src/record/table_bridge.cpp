@@ -52,10 +52,18 @@ private:
                 auto path = members;
                 path.push_back(&attrib);
                 Collect(*static_cast<const CClassInfor*>(attrib.TypeInfor.DetailInfor), name + "_", path, isMaskedHere);
-            } else if (IsLeaf(attrib.TypeInfor) && Find(name) == nullptr) {
-                m_leaves.push_back({name, members, &attrib, isMaskedHere});
+            } else if (IsLeaf(attrib.TypeInfor)) {
+                Add({name, members, &attrib, isMaskedHere});
             }
         }
+    }
+    /// Of two leaves of one name the one in the outer object stays, as in the flat index.
+    void Add(const CLeaf& leaf)
+    {
+        const auto same = std::find_if(m_leaves.begin(), m_leaves.end(),
+                                       [&](const CLeaf& other) { return other.Name == leaf.Name; });
+        if (same == m_leaves.end()) m_leaves.push_back(leaf);
+        else if (leaf.Members.size() < same->Members.size()) *same = leaf;
     }
 
     std::vector<CLeaf> m_leaves;

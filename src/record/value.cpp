@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <new>
 
 #include "core/basic_types.h"
@@ -224,8 +225,23 @@ CValue& CValue::ReadFrom(const CStdBasicTypeConstRefrence& source)
     return *this;
 }
 
+std::size_t CValue::OwnBytesFrom(const char* data) const
+{
+    if (IsNull() || (m_made != DT_STD_STRING && m_made != DT_BINARY)) return 0;
+    const bool isText = m_made == DT_STD_STRING;
+    const char* const begin = isText ? As_std_string_ref().data() : As_CBinary_ref().data();
+    const char* const end = begin + (isText ? As_std_string_ref().size() : As_CBinary_ref().Size);
+    const bool isOwn = !std::less<>()(data, begin) && std::less<>()(data, end);
+    return isOwn ? static_cast<std::size_t>(end - data) : 0;
+}
+
 CValue& CValue::ReadFromMemBlock(DataTypeEnum type, const char* data, unsigned long size)
 {
+    if (const std::size_t rest = OwnBytesFrom(data)) {
+        const std::string copy(data, rest); // the change of type is about to release what the data lies in
+        ChangeValueTypeEnum(type);
+        return ReadFromMemBlock(copy.c_str(), std::min(size, rest));
+    }
     ChangeValueTypeEnum(type);
     if (!IsNull()) CStdBasicTypeRefrence::ReadFromMemBlock(data, size);
     return *this;

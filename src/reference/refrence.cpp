@@ -2,6 +2,7 @@
 
 #include <vexa/refrence.h>
 
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -50,8 +51,12 @@ void ClearCustom(const CRefrence& custom)
 
 void CRefrence::Clear()
 {
-    if (TypeInfor.Has(HF_NULLABLE) || TypeInfor.DataType == DT_VALUE) return SetNull();
     const unsigned char code = TypeInfor.DataType;
+    if (TypeInfor.Has(HF_NULLABLE) || code == DT_VALUE) {
+        // What is read-only stays; a pointer to it is only forgotten.
+        if (!TypeInfor.Has(HF_CONST) || TypeInfor.Has(HF_POINTER)) SetNull();
+        return;
+    }
     auto* const clearRecord = core::TypeRow(code).Clear;
     const bool isNesting = code == DT_CLASS || TypeInfor.IsContainer();
     if (!isNesting && !TypeInfor.IsBasicType() && code != DT_CUSTOM_BASIC && clearRecord == nullptr) {
@@ -73,12 +78,13 @@ void CStdBasicTypeRefrence::Clear()
     if (value == nullptr) return;
     core::VisitBasicType(TypeInfor.DataType, [&](auto type) {
         using T = typename decltype(type)::Type;
-        // Numbers and strings are emptied at the address itself, value objects where the value lives: the two differ for a
-        // pointer that is never null, which is zeroed, and its pointee left alone.
+        // Numbers are emptied at the address itself, objects where the value lives: the two differ for a pointer that is never
+        // null, which is zeroed, and its pointee left alone. A string is told by where it lives too, since the memory of a
+        // pointer or a wrapper is none.
         if constexpr (type.IS_NUMBER) {
-            std::memset(Address, 0, sizeof(T));
+            std::memset(Address, 0, TypeInfor.Has(HF_POINTER) ? std::min(sizeof(T), sizeof(void*)) : sizeof(T));
         } else if constexpr (std::is_same_v<T, std::string>) {
-            *static_cast<std::string*>(Address) = std::string();
+            static_cast<std::string*>(value)->clear();
         } else if constexpr (std::is_same_v<T, CBinary>) {
             static_cast<CBinary*>(value)->Reset(0);
         } else if constexpr (std::is_same_v<T, CNumeric> || std::is_same_v<T, CDateTime>) {

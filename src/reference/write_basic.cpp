@@ -75,6 +75,15 @@ CStdBasicTypeRefrence& RefuseText(CStdBasicTypeRefrence& target, const char* sou
     return target;
 }
 
+/// A null source makes the value null; what is read-only stays, unless it is a pointer, which is only forgotten.
+CStdBasicTypeRefrence& StoreNull(CStdBasicTypeRefrence& target, const std::string& source)
+{
+    const bool isReadOnly = target.TypeInfor.Has(HF_CONST) && !target.TypeInfor.Has(HF_POINTER);
+    if (isReadOnly) LogNotConvertible(source.c_str(), target);
+    else target.SetNull();
+    return target;
+}
+
 /// Stores a value object into a target of its own type.
 template<DataTypeEnum CODE, class T>
 CStdBasicTypeRefrence& StoreObject(CStdBasicTypeRefrence& target, const T& value)
@@ -134,10 +143,7 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const std::string& value)
 
 CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const char* value)
 {
-    if (value == nullptr) {
-        SetNull();
-        return *this;
-    }
+    if (value == nullptr) return StoreNull(*this, "const char*");
     const bool isStored = StoreText(*this, [&](auto& target) {
         if constexpr (std::is_same_v<decltype(target), std::string&>) target.assign(value);
         else target = std::string(value);
@@ -184,10 +190,7 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const CStdBasicTypeConstR
 {
     if (source.Address == Address) return *this;
     const void* const value = source.ValueAddress();
-    if (value == nullptr) {
-        SetNull();
-        return *this;
-    }
+    if (value == nullptr) return StoreNull(*this, source.TypeName());
     reference::WithSourceValue(source.TypeInfor.DataType, value, [this](const auto& stored) { ReadFrom(stored); });
     return *this;
 }

@@ -162,12 +162,20 @@ private:
         m_sink.Close('}');
     }
 
+    /// A custom value may be null by what its converter gives.
+    static bool IsNullValue(const CConstRefrence& ref)
+    {
+        if (ref.ValueAddress() == nullptr) return true;
+        return ref.TypeInfor.DataType == DT_CUSTOM_BASIC && reference::HasOwnLayout(ref.TypeInfor) &&
+               reference::WithStandardValue(ref, [](const CConstRefrence& value) { return value.ValueAddress() == nullptr; });
+    }
+
     void WalkClass(const CClassConstRefrence& object, const text::CNesting& nesting)
     {
         const auto& attribs = object.ClassInfor().AttribList;
         m_sink.Open('{');
         for (const auto& attrib : object.Attribs()) {
-            if (attrib.Value().ValueAddress() == nullptr) continue;
+            if (IsNullValue(attrib.Value())) continue;
             m_sink.Key(attrib.Name(), &attrib.Infor() == &attribs.front());
             Walk(attrib.Value(), &nesting);
         }

@@ -3,7 +3,9 @@
 #include <vexa/detail/description.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -33,6 +35,13 @@ namespace {
 
 using Classes = std::vector<CClassSlot*>;
 
+/// Made once for each class, since every registration that leads to it asks again.
+const CSurvey& SurveyOf(CClassSlot& slot)
+{
+    if (slot.Surveyed == nullptr) slot.Surveyed = new CSurvey(slot);
+    return *slot.Surveyed;
+}
+
 /// \p from and every class that is named on the way from it through \p edges, in the order in which they are met, so that every
 /// run builds the same descriptors.
 Classes Reached(CClassSlot& from, Classes CSurvey::*edges)
@@ -40,8 +49,7 @@ Classes Reached(CClassSlot& from, Classes CSurvey::*edges)
     Classes reached{&from};
     std::set<CClassSlot*> known{&from};
     for (std::size_t next = 0; next < reached.size(); ++next) {
-        const CSurvey survey(*reached[next]);
-        for (CClassSlot* const named : survey.*edges) {
+        for (CClassSlot* const named : SurveyOf(*reached[next]).*edges) {
             if (known.insert(named).second) reached.push_back(named);
         }
     }
@@ -114,10 +122,43 @@ const CGnlTypeInfor* Build(CTypeSlot& slot)
     return slot.Descriptor;
 }
 
+namespace {
+
+bool IsReachable(const CClassInfor& owner, const char* attrib, unsigned long offset)
+{
+    if (offset <= std::numeric_limits<unsigned short>::max()) return true;
+    helper::LogError("The class %s's attribute %s lies %lu bytes into the object, beyond 65535, and is left out",
+                     owner.Name.c_str(), attrib, offset);
+    return false;
+}
+
+/// After the records of a base that does not lie at the start of the object have been taken over: leaves out what an offset
+/// cannot express, and lets union members read their selector where it lies in this object instead of in the base.
+void SettleInherited(CClassInfor& derived, std::size_t first, unsigned long offset, const CClassInfor& base)
+{
+    std::map<const CAttribInfor*, const CAttribInfor*> copies;
+    auto record = std::next(derived.AttribList.begin(), static_cast<std::ptrdiff_t>(first));
+    for (const CAttribInfor& original : base.AttribList) {
+        if (!IsReachable(derived, original.Name.c_str(), offset + original.Offset)) {
+            record = derived.AttribList.erase(record);
+            continue;
+        }
+        copies[&original] = &*record;
+        const auto selector = copies.find(record->UnionSelector);
+        if (selector != copies.end()) record->UnionSelector = selector->second;
+        ++record;
+    }
+}
+
+} // namespace
+
 void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset)
 {
-    if (m_survey != nullptr) AddToSurvey(*m_survey, base, true);
-    else m_class->InitBaseClass({{offset, Build(base)}});
+    if (m_survey != nullptr) return AddToSurvey(*m_survey, base, true);
+    const CClassInfor* const infor = Build(base);
+    const std::size_t before = m_class->AttribList.size();
+    m_class->InitBaseClass({{offset, infor}});
+    if (offset != 0) SettleInherited(*m_class, before, offset, *infor);
 }
 
 CAttribDescription CDescriptionBase::AddAttrib(const char* name, unsigned long offset, const CTypeSource& type)
@@ -126,11 +167,7 @@ CAttribDescription CDescriptionBase::AddAttrib(const char* name, unsigned long o
         if (type.Survey != nullptr) type.Survey(*m_survey, (type.HoldingFlags & Enum::HF_POINTER) == 0);
         return {nullptr, nullptr};
     }
-    if (offset > std::numeric_limits<unsigned short>::max()) {
-        helper::LogError("The class %s's attribute %s lies %lu bytes into the object, beyond 65535, and is left out",
-                         m_class->Name.c_str(), name, offset);
-        return {nullptr, nullptr};
-    }
+    if (!IsReachable(*m_class, name, offset)) return {nullptr, nullptr};
     CAttribInfor& record = m_class->AddAttribInfor(Enum::AS_PUBLIC, static_cast<unsigned short>(offset), name, -1);
     record.TypeInfor = MakeTypeInfor(type);
     return {m_class, &record};

@@ -17,9 +17,10 @@ namespace {
 // All of this is only touched under the global lock.
 unsigned long s_nesting = 0;
 
+/// Never destroyed: an object that outlives the library's statics may still be the first to use a type.
 std::vector<std::pair<detail::CPublication*, const void*>>& Announced()
 {
-    static std::vector<std::pair<detail::CPublication*, const void*>> announced;
+    static auto& announced = *new std::vector<std::pair<detail::CPublication*, const void*>>();
     return announced;
 }
 
@@ -97,15 +98,16 @@ CClassInfor* Register(const CClassRegistration& request, ClassesInProgress& inPr
     return result;
 }
 
+// These are never destroyed either.
 ClassesInProgress& PlainClassesInProgress()
 {
-    static ClassesInProgress classes;
+    static auto& classes = *new ClassesInProgress();
     return classes;
 }
 
 ClassesInProgress& DerivedClassesInProgress()
 {
-    static ClassesInProgress classes;
+    static auto& classes = *new ClassesInProgress();
     return classes;
 }
 

@@ -1,5 +1,7 @@
 #include <vexa/type_infor.h>
 
+#include <stdexcept>
+
 #include <vexa/container_infor.h>
 #include <vexa/custom_type_infor.h>
 
@@ -92,6 +94,7 @@ void CGnlTypeInfor::ChangeTypeTo_CustomType(const char* name, unsigned long size
     auto* const custom = new CTypeInforBase();
     DataType = DT_CUSTOM_OWNED;
     DetailInfor = custom;
+    if (name == nullptr) throw std::logic_error("basic_string::_M_construct null not valid");
     custom->SetBaseTypeInfor(std::string(name), size, factory, deleter, customTypeID);
 }
 

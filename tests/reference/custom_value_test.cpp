@@ -25,8 +25,8 @@ namespace {
 using namespace vexa::Enum;
 using namespace vexa_test;
 using vexa::AsString;
-using vexa::CCustomBasicTypeInfor;
 using vexa::CConstRefrence;
+using vexa::CCustomBasicTypeInfor;
 using vexa::CGnlTypeInfor;
 using vexa::CRefrence;
 using vexa::CValue;
@@ -246,7 +246,8 @@ TEST(OwnedCustomType, IsCopiedDeeplyByReferences)
     CConstRefrence assigned(OwnedType(), nullptr);
     assigned = original;
     const auto basic = CRefrence(original).AsStdBasicType();
-    for (const CConstRefrence& ref : std::vector<CConstRefrence>{copy, assigned, basic}) ExpectOwnCopy(ref, original.TypeInfor);
+    for (const CConstRefrence& ref : std::vector<CConstRefrence>{copy, assigned, basic})
+        ExpectOwnCopy(ref, original.TypeInfor);
     EXPECT_NE(copy.TypeInfor.DetailInfor, assigned.TypeInfor.DetailInfor);
 }
 

@@ -39,7 +39,8 @@ void DeleteOther(void*) {}
 Descriptor Std(const CGnlTypeInfor& underlying = Plain(DT_STD_STRING), unsigned long offset = offsetof(Tag, Text))
 {
     CCustomBasicTypeInfor* slot = nullptr;
-    CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(slot, "Tag", sizeof(Tag), &NewTag, &DeleteTag, underlying, offset);
+    CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(slot, "Tag", sizeof(Tag), &NewTag, &DeleteTag, underlying,
+                                                       offset);
     return Descriptor(slot);
 }
 
@@ -147,11 +148,13 @@ TEST(CustomTypeInfor, IsBuiltOnceByManyThreads)
     std::vector<std::thread> threads;
     for (auto& own : seen) {
         threads.emplace_back([&slot, &own] {
-            CCustomBasicTypeInfor::InitCustomAnyBasicTypeInfor(slot, "Money", 24, nullptr, nullptr, CGnlTypeInfor(), 17);
+            CCustomBasicTypeInfor::InitCustomAnyBasicTypeInfor(slot, "Money", 24, nullptr, nullptr, CGnlTypeInfor(),
+                                                               17);
             own = __atomic_load_n(&slot, __ATOMIC_ACQUIRE);
         });
     }
-    for (std::thread& thread : threads) thread.join();
+    for (std::thread& thread : threads)
+        thread.join();
     const Descriptor owner(slot);
     EXPECT_EQ(seen, std::vector<CCustomBasicTypeInfor*>(8, slot));
 }

@@ -93,13 +93,13 @@ const CTypeInforBase* CustomDetail()
 }
 
 /// A custom type that wraps the standard value \p member.
-template<class T, class M>
-void DescribeStd(CCustomBasicTypeInfor*& descriptor, const char* name, M T::*member)
+template<class T, class M, class C>
+void DescribeStd(CCustomBasicTypeInfor*& descriptor, const char* name, M C::*member)
 {
     constexpr CTypeSource SOURCE = TYPE_SOURCE<M>;
     static_assert(BASIC_CODE<M> != Enum::DT_UNKNOWN, "a custom type can wrap a plain value of a basic type only: use VEXA_DESCRIBE_CUSTOM_ANY");
     CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(descriptor, name, sizeof(T), &MakeObject<T>, &DestroyObject<T>,
-                                                       MakeTypeInfor(SOURCE), OffsetOf(member));
+                                                       MakeTypeInfor(SOURCE), OffsetOf<M, T>(member));
 }
 
 /// Members of this name, or else functions of the type's namespace.

@@ -41,6 +41,7 @@ struct CClassSlot : CPublication {
     void (*Survey)(CSurvey&);           ///< lists the classes that the description names
     CClassInfor* Descriptor = nullptr;  ///< set when complete
     bool IsStarted = false;             ///< its describing function has been called
+    const CSurvey* Surveyed = nullptr;  ///< what Survey has listed
 };
 
 struct CContainerSlot : CPublication {

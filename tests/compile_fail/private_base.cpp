@@ -1,0 +1,13 @@
+// expect: a virtual, ambiguous or private base cannot be described: make it a plain public base or a member
+#include <vexa/vexa.h>
+
+namespace app {
+
+struct Base {
+    int x = 0;
+};
+struct Derived : private Base {};
+VEXA_DESCRIBE(Base, x)
+VEXA_DESCRIBE_CLASS(Derived) { about.Base<Base>(); }
+
+} // namespace app
