@@ -1,5 +1,5 @@
-// Reads arbitrary bytes as JSON into an object of every readable kind, then renders and writes what came of it. Whatever the
-// text, the reader must return a known code, and the object must stay usable.
+// Reads arbitrary bytes as JSON into an object of every readable kind, then renders and writes what came of it.
+// Whatever the text, the reader must return a known code, and the object must stay usable.
 
 #include <cstdlib>
 #include <map>

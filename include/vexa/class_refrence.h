@@ -19,9 +19,9 @@ struct CWalkEnd {};
 
 /// A reference to an object of a described class (code DT_CLASS).
 ///
-/// Each lookup gives, on success, the attribute's reference in \p out and true. Otherwise it gives false, \p out is untouched
-/// and nothing is logged. A null object has no attributes. The class descriptor is only read: any number of threads may look
-/// up at once.
+/// Each lookup gives, on success, the attribute's reference in \p out and true. Otherwise it gives false, \p out is
+/// untouched and nothing is logged. A null object has no attributes. The class descriptor is only read: any number of
+/// threads may look up at once.
 class VEXA_API CClassConstRefrence : public CConstRefrence {
 public:
     using CConstRefrence::CConstRefrence;
@@ -33,10 +33,11 @@ public:
     const CClassInfor& ClassInfor() const noexcept { return *static_cast<const CClassInfor*>(TypeInfor.DetailInfor); }
 
     bool FindAttribByName(CConstRefrence& out, const std::string& name) const;
-    /// Finds a leaf attribute of a member object, the names joined by underscores or dots. For a leaf behind a pointer the
-    /// address is that of this object plus the leaf's offset in the pointed-to one: follow the entry's PointerPath
-    /// (CClassInfor::FindAttribInforByFlatName) before using it. For a leaf of a member object inside a MayNull the address
-    /// lacks the distance from the wrapper to its value, and must not be read: look the member up by its name first.
+    /// Finds a leaf attribute of a member object, the names joined by underscores or dots. For a leaf behind a pointer
+    /// the address is that of this object plus the leaf's offset in the pointed-to one: follow the entry's PointerPath
+    /// (CClassInfor::FindAttribInforByFlatName) before using it. For a leaf of a member object inside a MayNull the
+    /// address lacks the distance from the wrapper to its value, and must not be read: look the member up by its name
+    /// first.
     bool FindAttribByFlatName(CConstRefrence& out, const std::string& name) const;
     bool FindAttribByID(CConstRefrence& out, short id) const;
     /// Finds the union member registered for a selector value, whatever the selector holds now.
@@ -52,10 +53,10 @@ VEXA_API bool IsActiveAttrib(const CAttribInfor& attrib, const void* object);
 /// What both attribute iterators are: a walk over the attributes of one object, which must outlive it unmoved.
 template<class Position>
 struct CAttribWalk {
-    const CClassConstRefrence* Owner;   ///< the object being walked
-    void* Object;                       ///< its value address; null when the owner is null
-    CConstRefrence Current;             ///< the attribute at the position
-    Position Pos;                       ///< the record in the class's AttribList
+    const CClassConstRefrence* Owner; ///< the object being walked
+    void* Object;                     ///< its value address; null when the owner is null
+    CConstRefrence Current;           ///< the attribute at the position
+    Position Pos;                     ///< the record in the class's AttribList
 
     const CAttribInfor& Infor() const { return *Pos; }
     const std::string& Name() const { return Pos->Name; }
@@ -77,8 +78,8 @@ protected:
     }
 };
 
-/// Walks forward in list order, those of base classes first. Of the members of a union only the active one is visited, except
-/// that the class's first record is always visited.
+/// Walks forward in list order, those of base classes first. Of the members of a union only the active one is visited,
+/// except that the class's first record is always visited.
 class CAttribConstIterator : public CAttribWalk<std::list<CAttribInfor>::const_iterator> {
 public:
     explicit CAttribConstIterator(const CClassConstRefrence& owner) : CAttribWalk(owner)
@@ -93,8 +94,10 @@ public:
     CAttribConstIterator& operator++()
     {
         if (++Pos == Owner->ClassInfor().AttribList.end()) return *this;
-        if (Pos->UnionSelector == nullptr || Object == nullptr) TakeCurrent();
-        else Owner->ClassInfor().GetUnionAttrib(Current, Object, Pos);
+        if (Pos->UnionSelector == nullptr || Object == nullptr)
+            TakeCurrent();
+        else
+            Owner->ClassInfor().GetUnionAttrib(Current, Object, Pos);
         return *this;
     }
     bool operator!=(CWalkEnd) const { return !IsEnd(); }

@@ -22,13 +22,13 @@ public:
     using ReleaseFunction = void (*)(void* cursor);
     using NextFunction = void* (*)(void* container, void* cursor);
 
-    AppendFunction Append = nullptr;    ///< codes 61 to 78: adds a default element at the end, returns its address
+    AppendFunction Append = nullptr; ///< codes 61 to 78: adds a default element at the end, returns its address
     ReservedFunction Reserved2 = nullptr;
-    InsertFunction Insert = nullptr;    ///< codes 81 to 98: inserts a prepared element, which may be moved from
-    ClearFunction Clear = nullptr;      ///< removes all elements
-    SizeFunction Count = nullptr;       ///< number of elements
-    BeginFunction Begin = nullptr;      ///< starts a forward walk; stores the first element's address, null if empty
-    ReleaseFunction Release = nullptr;  ///< ends a walk that Begin started and frees its cursor
+    InsertFunction Insert = nullptr;   ///< codes 81 to 98: inserts a prepared element, which may be moved from
+    ClearFunction Clear = nullptr;     ///< removes all elements
+    SizeFunction Count = nullptr;      ///< number of elements
+    BeginFunction Begin = nullptr;     ///< starts a forward walk; stores the first element's address, null if empty
+    ReleaseFunction Release = nullptr; ///< ends a walk that Begin started and frees its cursor
     ReservedFunction Reserved8 = nullptr;
     NextFunction Next = nullptr;        ///< steps forward; the next element's address, null after the last
     BeginFunction RBegin = nullptr;     ///< starts a reverse walk from the last element

@@ -30,11 +30,11 @@ public:
     CContainerConstIterator begin() const;
     CWalkEnd end() const { return {}; }
 
-    /// Writes all elements into \p out, which is emptied first, \p separator between them. Elements of a string type stand
-    /// between \p quote; a null element is "NULL".
+    /// Writes all elements into \p out, which is emptied first, \p separator between them. Elements of a string type
+    /// stand between \p quote; a null element is "NULL".
     void GetListString(std::string& out, char separator, char quote) const;
-    /// The same for one flat attribute of elements that are objects of a described class; here only an attribute of type
-    /// std::string stands between quotes. The attribute's pointer path is not followed.
+    /// The same for one flat attribute of elements that are objects of a described class; here only an attribute of
+    /// type std::string stands between quotes. The attribute's pointer path is not followed.
     void GetListString(std::string& out, const CFlatAttribInfor& attrib, char separator, char quote) const;
 };
 
@@ -53,8 +53,8 @@ public:
 
 /// Appends one flat attribute of every element of \p src, objects of a described class, to \p dst, a container of basic
 /// values, with the library's conversions.
-/// \return false, with \p dst unchanged, when \p dst does not hold basic values or cannot be appended to, when \p src does not
-/// hold objects of a class, or when the class has no such attribute.
+/// \return false, with \p dst unchanged, when \p dst does not hold basic values or cannot be appended to, when \p src
+/// does not hold objects of a class, or when the class has no such attribute.
 VEXA_API bool GetValueListFromObjectList_i(CContainerRefrence& dst, const CContainerConstRefrence& src,
                                            const std::string& flatName);
 
@@ -77,7 +77,8 @@ struct CContainerWalk {
 
 protected:
     ~CContainerWalk() = default;
-    /// Leaves no walk behind for a null or empty container, so that the element of an earlier walk is not taken for one.
+    /// Leaves no walk behind for a null or empty container, so that the element of an earlier walk is not taken for
+    /// one.
     VEXA_API void Start(const CContainerConstRefrence& owner, CContainerInfor::BeginFunction begin,
                         CContainerInfor::ReleaseFunction release);
     void Step(CContainerInfor::NextFunction next)
@@ -114,7 +115,8 @@ public:
     }
 };
 
-/// Walks a container backward; one without reverse operations is not walked, one without RNext gives its last element only.
+/// Walks a container backward; one without reverse operations is not walked, one without RNext gives its last element
+/// only.
 class CContainerConstReverseIterator : public CContainerWalk {
 public:
     CContainerConstReverseIterator() = default;
@@ -145,7 +147,8 @@ private:
     }
 };
 
-static_assert(sizeof(CContainerConstRefrence) == 24 && sizeof(CContainerRefrence) == 24, "one layout for all references");
+static_assert(sizeof(CContainerConstRefrence) == 24 && sizeof(CContainerRefrence) == 24,
+              "one layout for all references");
 static_assert(sizeof(CContainerConstIterator) == 48 && sizeof(CContainerConstReverseIterator) == 48, "four fields");
 
 inline CContainerConstIterator CContainerConstRefrence::begin() const { return CContainerConstIterator(*this); }

@@ -11,8 +11,9 @@ class CValue;
 
 /// Describes a custom basic type: an application type that is handled as one basic value.
 ///
-/// The Std variant wraps one standard value, which is read and written in place. The Any variant names an underlying standard
-/// type of the same layout, or none (code 0): then its text and its JSON go through its converters, never through its bytes.
+/// The Std variant wraps one standard value, which is read and written in place. The Any variant names an underlying
+/// standard type of the same layout, or none (code 0): then its text and its JSON go through its converters, never
+/// through its bytes.
 ///
 /// Built once under the global lock and only read afterwards. Set the converters before the descriptor is first used.
 class VEXA_API CCustomBasicTypeInfor : public CTypeInforBase {
@@ -21,8 +22,8 @@ public:
     void (*FromValue)(void* value, const CValue& in) = nullptr;
     /// Stores the custom value's standard value into \p out, which is untyped.
     void (*ToValue)(const void* value, CValue& out) = nullptr;
-    short ValueOffset = 0;      ///< Std variant: bytes from the object to its standard value
-    CGnlTypeInfor Underlying;   ///< descriptor of the standard value
+    short ValueOffset = 0;    ///< Std variant: bytes from the object to its standard value
+    CGnlTypeInfor Underlying; ///< descriptor of the standard value
 
     /// Builds the descriptor of a Std type, unless \p slot is set. Of \p valueOffset the low 16 bits are kept.
     static void InitCustomStdBasicTypeInfor(CCustomBasicTypeInfor*& slot, const char* name, unsigned long size,

@@ -2,8 +2,8 @@
 #define VEXA_DATA_TYPE_H
 
 /// \file
-/// The numbers by which the library tells types, holding forms and formats apart. Every value here is part of the binary
-/// interface: applications compile them into their class descriptions.
+/// The numbers by which the library tells types, holding forms and formats apart. Every value here is part of the
+/// binary interface: applications compile them into their class descriptions.
 
 namespace vexa {
 
@@ -63,12 +63,12 @@ enum DataTypeEnum : unsigned int {
 
 /// The holding flags of a general descriptor: how a value is held at the place it is looked at.
 enum HoldingFlagsEnum : unsigned int {
-    HF_KIND_MASK = 0x07,        ///< the bits that hold the wrapper kind
-    HF_MAY_NULL = 1,            ///< wrapper kind: a value beside a null-flag byte
-    HF_NON_NULL_POINTER = 2,    ///< wrapper kind: a pointer that is kept pointing at an object
-    HF_NULLABLE = 0x08,         ///< the value may be null
-    HF_POINTER = 0x10,          ///< the holder is a pointer to the value
-    HF_CONST = 0x20             ///< read-only; with HF_POINTER the pointee is not owned
+    HF_KIND_MASK = 0x07,     ///< the bits that hold the wrapper kind
+    HF_MAY_NULL = 1,         ///< wrapper kind: a value beside a null-flag byte
+    HF_NON_NULL_POINTER = 2, ///< wrapper kind: a pointer that is kept pointing at an object
+    HF_NULLABLE = 0x08,      ///< the value may be null
+    HF_POINTER = 0x10,       ///< the holder is a pointer to the value
+    HF_CONST = 0x20          ///< read-only; with HF_POINTER the pointee is not owned
 };
 
 /// Access of a class member; a descriptor keeps it in 3 bits.
@@ -76,9 +76,9 @@ enum AccessSpecifierEnum : unsigned int { AS_PUBLIC = 0, AS_PROTECTED = 1, AS_PR
 
 /// What a text rendering holds. Any other value behaves as ASF_VALUE.
 enum AsStringFormatEnum : unsigned int {
-    ASF_VALUE = 0,              ///< names and values
-    ASF_TYPE_AND_VALUE = 1,     ///< a header, and the type before each name
-    ASF_TYPE_ONLY = 2           ///< types and names, no value
+    ASF_VALUE = 0,          ///< names and values
+    ASF_TYPE_AND_VALUE = 1, ///< a header, and the type before each name
+    ASF_TYPE_ONLY = 2       ///< types and names, no value
 };
 
 } // namespace Enum

@@ -19,24 +19,22 @@
 /// \file
 /// How an application describes its classes, and how it uses any described type.
 ///
-/// A description takes effect on first use, on whichever thread comes first, that of a class at the latest when the file that
-/// holds it is initialised. It may stand in a header: every file that includes it sees the same descriptor. Describing functions may run
-/// several times and must do nothing but describe.
+/// A description takes effect on first use, on whichever thread comes first, that of a class at the latest when the
+/// file that holds it is initialised. It may stand in a header: every file that includes it sees the same descriptor.
+/// Describing functions may run several times and must do nothing but describe.
 
-/// Describes a class by its members, in order, up to 1000 of them. At namespace scope, in the class's own namespace. A class
-/// without members to describe takes VEXA_DESCRIBE_CLASS with empty braces.
+/// Describes a class by its members, in order, up to 1000 of them. At namespace scope, in the class's own namespace. A
+/// class without members to describe takes VEXA_DESCRIBE_CLASS with empty braces.
 #define VEXA_DESCRIBE(Type, ...)                                                                                       \
-    VEXA_DESCRIBE_CLASS(Type)                                                                                          \
-    {                                                                                                                  \
-        VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_MEMBER, Type, __VA_ARGS__)                                                    \
-    }
+    VEXA_DESCRIBE_CLASS(Type) { VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_MEMBER, Type, __VA_ARGS__) }
 
 /// Describes a class in full: the braces that follow hold calls on `about`, a vexa::CDescription of the class.
 #define VEXA_DESCRIBE_CLASS(Type)                                                                                      \
     inline void VexaDescribe(::vexa::CDescription<Type>& about);                                                       \
     constexpr const char* VexaNameOf(const ::vexa::CDescription<Type>*) { return #Type; }                              \
     namespace {                                                                                                        \
-    [[maybe_unused]] const ::vexa::detail::CDescribedAtStart<Type> VEXA_DETAIL_UNIQUE(vexaDescribedAtStart, __COUNTER__); \
+    [[maybe_unused]] const ::vexa::detail::CDescribedAtStart<Type> VEXA_DETAIL_UNIQUE(vexaDescribedAtStart,            \
+                                                                                      __COUNTER__);                    \
     }                                                                                                                  \
     inline void VexaDescribe([[maybe_unused]] ::vexa::CDescription<Type>& about)
 
@@ -142,8 +140,10 @@ template<class T, class = detail::IfObject<T>>
 int FromJson(T& object, const std::string& text)
 {
     static_assert(!std::is_const_v<T>, "a const object cannot be read into: pass one that can be changed");
-    if constexpr (std::is_const_v<T>) return 0;
-    else return FromJson(RefOf(object), text);
+    if constexpr (std::is_const_v<T>)
+        return 0;
+    else
+        return FromJson(RefOf(object), text);
 }
 
 /// The table functions on a container of objects itself.

@@ -18,8 +18,9 @@ namespace vexa {
 
 /// Named and unnamed references to writable values (kind DT_REFERENCE_GROUP).
 ///
-/// Lookups give true and a copy of the entry in \p out, or false. A path is first looked up as a whole; otherwise the entry
-/// before its first dot leads on: a class, a CGnlClass or another group. Only then does a miss leave \p out at that entry.
+/// Lookups give true and a copy of the entry in \p out, or false. A path is first looked up as a whole; otherwise the
+/// entry before its first dot leads on: a class, a CGnlClass or another group. Only then does a miss leave \p out at
+/// that entry.
 class VEXA_API CReferenceGroup {
 public:
     std::map<std::string, CRefrence> Named; ///< in the order of the names
@@ -45,9 +46,9 @@ public:
     std::string AsString(const Enum::AsStringFormatEnum& format = Enum::ASF_VALUE) const;
 };
 
-/// Named and unnamed references to values that are read (kind DT_GNL_CLASS). Reading JSON into the record and clearing it write
-/// through them nevertheless, unless they are read-only. Paths lead through classes and other generic
-/// classes, but not through groups.
+/// Named and unnamed references to values that are read (kind DT_GNL_CLASS). Reading JSON into the record and clearing
+/// it write through them nevertheless, unless they are read-only. Paths lead through classes and other generic classes,
+/// but not through groups.
 class VEXA_API CGnlClass {
 public:
     std::map<std::string, CConstRefrence> Named;

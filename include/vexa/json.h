@@ -10,29 +10,28 @@
 /// \file
 /// Any described value to and from compact JSON text.
 ///
-/// Strings are bytes: every byte outside printable ASCII is written as \\u00XX, so that any string comes back byte for byte.
-/// CBinary, CNumeric, tm and CDateTime are written without quotes and cannot be read back.
+/// Strings are bytes: every byte outside printable ASCII is written as \\u00XX, so that any string comes back byte for
+/// byte. CBinary, CNumeric, tm and CDateTime are written without quotes and cannot be read back.
 
 namespace vexa {
 
 /// Writes \p ref as JSON into \p out.
 ///
-/// An attribute that is null is left out; the comma before an attribute goes by its place in the class, so an object whose
-/// first attribute is null begins `{,`. A nested value of a kind that JSON does not hold is logged and left out.
-/// \return 0; 262 when \p ref itself is of such a kind; 999 when the value nests deeper than MAX_NESTING_DEPTH or holds itself
-/// through pointers. After 262 \p out has the length that was measured, which is 0 for a kind that cannot be written; after 999
-/// it is empty.
-/// A null, vexa::NullType included, gives an empty text and 0. \p ref must not change meanwhile; \p out may be part of it, for
-/// which each call makes a string of its own.
+/// An attribute that is null is left out; the comma before an attribute goes by its place in the class, so an object
+/// whose first attribute is null begins `{,`. A nested value of a kind that JSON does not hold is logged and left out.
+/// \return 0; 262 when \p ref itself is of such a kind; 999 when the value nests deeper than MAX_NESTING_DEPTH or holds
+/// itself through pointers. After 262 \p out has the length that was measured, which is 0 for a kind that cannot be
+/// written; after 999 it is empty. A null, vexa::NullType included, gives an empty text and 0. \p ref must not change
+/// meanwhile; \p out may be part of it, for which each call makes a string of its own.
 VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 
-/// Reads JSON text into \p target, which is cleared first; an empty text leaves it cleared. Bytes after the value are ignored.
+/// Reads JSON text into \p target, which is cleared first; an empty text leaves it cleared. Bytes after the value are
+/// ignored.
 ///
 /// Of numbers an optional minus and decimal digits are read. Keys that the class does not have are errors. A value that
-/// stays where it was when it became null (a MayNull of a string or container, an element of an array) is appended to, not
-/// replaced.
-/// \p text must not be part of \p target.
-/// \return 0, or a code that names the point of failure, see JsonResultText. What was read before stays in \p target.
+/// stays where it was when it became null (a MayNull of a string or container, an element of an array) is appended to,
+/// not replaced. \p text must not be part of \p target. \return 0, or a code that names the point of failure, see
+/// JsonResultText. What was read before stays in \p target.
 VEXA_API int FromJson(CRefrence& target, const std::string& text);
 inline int FromJson(CRefrence&& target, const std::string& text) { return FromJson(target, text); }
 

@@ -10,13 +10,13 @@
 #include <vexa/data_type.h>
 
 /// \file
-/// Two ways to hold a value in a described class: one that may be absent, and one behind a pointer that is never null to those
-/// who look. Both belong to one thread at a time, like the values they hold.
+/// Two ways to hold a value in a described class: one that may be absent, and one behind a pointer that is never null
+/// to those who look. Both belong to one thread at a time, like the values they hold.
 
 namespace vexa {
 
-/// A value that may be null, to be used like std::optional. The flag stands before the value, so that a descriptor can reach
-/// both by short offsets, whatever the size of the value.
+/// A value that may be null, to be used like std::optional. The flag stands before the value, so that a descriptor can
+/// reach both by short offsets, whatever the size of the value.
 ///
 /// The value is always constructed. Becoming null does not empty it, except through reset().
 template<class T>
@@ -142,8 +142,8 @@ bool operator!=(const MayNull<T>& left, const typename MayNull<T>::value_type& r
     return !(left == right);
 }
 
-/// An owning pointer that makes its object when it is first looked at, so that no one ever sees it null. Looking at it is
-/// therefore a write: do not share one between threads, not even a const one.
+/// An owning pointer that makes its object when it is first looked at, so that no one ever sees it null. Looking at it
+/// is therefore a write: do not share one between threads, not even a const one.
 template<class T>
 class NonNullPointer {
 public:
@@ -151,7 +151,9 @@ public:
 
     NonNullPointer() noexcept = default;
     explicit NonNullPointer(T value) : m_object(new T(std::move(value))) {}
-    NonNullPointer(const NonNullPointer& other) : m_object(other.m_object != nullptr ? new T(*other.m_object) : nullptr) {}
+    NonNullPointer(const NonNullPointer& other) : m_object(other.m_object != nullptr ? new T(*other.m_object) : nullptr)
+    {
+    }
     NonNullPointer(NonNullPointer&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
     NonNullPointer& operator=(NonNullPointer other) noexcept
     {

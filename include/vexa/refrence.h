@@ -12,11 +12,12 @@
 #include <vexa/type_infor.h>
 
 /// \file
-/// References: a type descriptor and an address, which together stand for one value somewhere in the application's memory.
+/// References: a type descriptor and an address, which together stand for one value somewhere in the application's
+/// memory.
 ///
-/// A reference owns nothing and is copied freely; the value must outlive it. All reference classes have one layout and no
-/// virtual functions, so that As...() below turn one into another at no cost: on an lvalue they give a reference to the same
-/// object, on a temporary a copy that lives on. They check nothing: the caller knows the type, from TypeInfor.
+/// A reference owns nothing and is copied freely; the value must outlive it. All reference classes have one layout and
+/// no virtual functions, so that As...() below turn one into another at no cost: on an lvalue they give a reference to
+/// the same object, on a temporary a copy that lives on. They check nothing: the caller knows the type, from TypeInfor.
 ///
 /// References carry no lock. Reading one value from several threads is safe, writing it is the caller's business.
 
@@ -32,8 +33,8 @@ class CStdBasicTypeRefrence;
 /// A read-only reference to any described value.
 class VEXA_API CConstRefrence {
 public:
-    CGnlTypeInfor TypeInfor;    ///< what lives at the address, and how it is held there
-    void* Address = nullptr;    ///< the holder; null for a reference that designates nothing
+    CGnlTypeInfor TypeInfor; ///< what lives at the address, and how it is held there
+    void* Address = nullptr; ///< the holder; null for a reference that designates nothing
 
     CConstRefrence() noexcept = default;
     CConstRefrence(const CGnlTypeInfor& typeInfor, const void* address)
@@ -43,8 +44,8 @@ public:
 
     bool IsNull() const { return TypeInfor.IsNull(Address); }
     std::string TypeName() const { return TypeInfor.TypeName(); }
-    /// Where the value itself lives, or null when the value is null or there is no address behind it. What is not null may
-    /// be read.
+    /// Where the value itself lives, or null when the value is null or there is no address behind it. What is not null
+    /// may be read.
     void* ValueAddress() const { return IsNull() ? nullptr : TypeInfor.ValueAddress(Address); }
     /// The value as indented text; see vexa::AsString.
     std::string AsString(const Enum::AsStringFormatEnum& format = Enum::ASF_VALUE) const;
@@ -63,9 +64,9 @@ public:
     CRefrence() noexcept = default;
     CRefrence(const CGnlTypeInfor& typeInfor, void* address) : CConstRefrence(typeInfor, address) {}
 
-    /// Empties the value. One that may be null becomes null; any other is emptied by its kind: attributes one after the other,
-    /// containers of all elements, basic values to zero. A read-only value stays, but a pointer to one becomes null. A kind that
-    /// cannot be emptied is logged and left as it was.
+    /// Empties the value. One that may be null becomes null; any other is emptied by its kind: attributes one after the
+    /// other, containers of all elements, basic values to zero. A read-only value stays, but a pointer to one becomes
+    /// null. A kind that cannot be emptied is logged and left as it was.
     void Clear();
     void SetNull() { TypeInfor.SetNull(Address); }
     void SetNotNull() { TypeInfor.SetNotNull(Address); }
@@ -80,20 +81,20 @@ public:
 
 /// A read-only reference to a basic value (codes 11 to 52), which reads as any basic type.
 ///
-/// A null value reads as the neutral value of the target: 0, false, an empty text, a default object. A type that cannot be
-/// converted does too, and one line is logged. Nothing is thrown for a mismatch, and no range is checked: a value that does
-/// not fit an integer target keeps its low bits; a floating value is cut to 32 bits first for targets up to int, to 64 for
-/// wider ones, and to the lowest of those where it does not fit.
+/// A null value reads as the neutral value of the target: 0, false, an empty text, a default object. A type that cannot
+/// be converted does too, and one line is logged. Nothing is thrown for a mismatch, and no range is checked: a value
+/// that does not fit an integer target keeps its low bits; a floating value is cut to 32 bits first for targets up to
+/// int, to 64 for wider ones, and to the lowest of those where it does not fit.
 class VEXA_API CStdBasicTypeConstRefrence : public CConstRefrence {
 public:
     using CConstRefrence::CConstRefrence;
 
-    bool As_bool() const;                               ///< of a text: whether it is exactly "true"
-    char As_char() const;                               ///< an unsigned byte
+    bool As_bool() const; ///< of a text: whether it is exactly "true"
+    char As_char() const; ///< an unsigned byte
     short As_short() const;
     int As_int() const;
-    long As_long() const;                               ///< of a text: its leading decimal digits
-    long long As_long_long() const;                     ///< of a text: its leading floating number, cut
+    long As_long() const;           ///< of a text: its leading decimal digits
+    long long As_long_long() const; ///< of a text: its leading floating number, cut
     unsigned char As_unsigned_char() const;
     unsigned short As_unsigned_short() const;
     unsigned int As_unsigned_int() const;
@@ -101,7 +102,7 @@ public:
     unsigned long long As_unsigned_long_long() const;
     float As_float() const;
     double As_double() const;
-    long double As_long_double() const;                 ///< of a text: its leading decimal digits only
+    long double As_long_double() const; ///< of a text: its leading decimal digits only
 
     operator bool() const { return As_bool(); }
     operator short() const { return As_short(); }
@@ -143,8 +144,8 @@ public:
     const CDateTime& As_CDateTime_ref() const;
     const CNumeric& As_CNumeric_ref() const;
 
-    std::string As_std_string() const;                  ///< the value's text
-    CBinary As_CBinary() const;                         ///< of a number: its bytes; else the bytes of its text
+    std::string As_std_string() const; ///< the value's text
+    CBinary As_CBinary() const;        ///< of a number: its bytes; else the bytes of its text
     CDateTime As_CDateTime() const;
     tm As_tm() const;
     CNumeric As_CNumeric() const;
@@ -160,25 +161,29 @@ public:
 
     /// Writes the value's text into \p buffer at \p position and moves \p position past it; no terminating zero.
     ///
-    /// \p capacity is the buffer's whole size. It is the caller's duty that the text fits, in a zero-filled buffer with 64 bytes
-    /// of room: a text that does not fit is left out, yet \p position still moves; the digits of bool's and char's larger
-    /// siblings short to unsigned long (at most 20 bytes) and a tm (at most 64) are written without looking at the
-    /// capacity; a formatted number that does not fit moves \p position back by one.
-    /// \param escape whether texts and characters are escaped as for JSON; quotes are never added.
+    /// \p capacity is the buffer's whole size. It is the caller's duty that the text fits, in a zero-filled buffer with
+    /// 64 bytes of room: a text that does not fit is left out, yet \p position still moves; the digits of bool's and
+    /// char's larger siblings short to unsigned long (at most 20 bytes) and a tm (at most 64) are written without
+    /// looking at the capacity; a formatted number that does not fit moves \p position back by one. \param escape
+    /// whether texts and characters are escaped as for JSON; quotes are never added.
     void AppendToString(char* buffer, unsigned long& position, unsigned long capacity, bool escape) const;
-    /// Appends the value's text to \p out. Throws std::length_error or std::bad_alloc, \p out then keeps what came before.
+    /// Appends the value's text to \p out. Throws std::length_error or std::bad_alloc, \p out then keeps what came
+    /// before.
     void AppendToString(std::string& out, bool escape) const;
 };
 
 /// A writable reference to a basic value.
 ///
-/// Every ReadFrom stores into the value, converting to its type, and returns this reference, so that calls chain. It makes the
-/// value not null first where the type can be stored. What cannot be stored is logged in one line. A value that cannot be
-/// written (read-only, or a pointer with nothing behind it) stores nothing and is logged likewise.
+/// Every ReadFrom stores into the value, converting to its type, and returns this reference, so that calls chain. It
+/// makes the value not null first where the type can be stored. What cannot be stored is logged in one line. A value
+/// that cannot be written (read-only, or a pointer with nothing behind it) stores nothing and is logged likewise.
 class VEXA_API CStdBasicTypeRefrence : public CStdBasicTypeConstRefrence {
 public:
     CStdBasicTypeRefrence() noexcept = default;
-    CStdBasicTypeRefrence(const CGnlTypeInfor& typeInfor, void* address) : CStdBasicTypeConstRefrence(typeInfor, address) {}
+    CStdBasicTypeRefrence(const CGnlTypeInfor& typeInfor, void* address)
+        : CStdBasicTypeConstRefrence(typeInfor, address)
+    {
+    }
 
     /// A number into any number. Any other target is logged, and is then not null.
     CStdBasicTypeRefrence& ReadFrom(bool value);
@@ -195,11 +200,12 @@ public:
     CStdBasicTypeRefrence& ReadFrom(float value);
     CStdBasicTypeRefrence& ReadFrom(double value);
     CStdBasicTypeRefrence& ReadFrom(long double value);
-    /// A text into std::string, CBinary, CDateTime or CNumeric. Any other target is logged and becomes null; text is parsed
-    /// into numbers only by ReadFromMemBlock. A null pointer makes the value null.
+    /// A text into std::string, CBinary, CDateTime or CNumeric. Any other target is logged and becomes null; text is
+    /// parsed into numbers only by ReadFromMemBlock. A null pointer makes the value null.
     CStdBasicTypeRefrence& ReadFrom(const std::string& value);
     CStdBasicTypeRefrence& ReadFrom(const char* value);
-    /// A value object into its own type (tm and CDateTime into each other too). Any other target is logged and unchanged.
+    /// A value object into its own type (tm and CDateTime into each other too). Any other target is logged and
+    /// unchanged.
     CStdBasicTypeRefrence& ReadFrom(const tm& value);
     CStdBasicTypeRefrence& ReadFrom(const CBinary& value);
     CStdBasicTypeRefrence& ReadFrom(const CDateTime& value);
@@ -208,13 +214,13 @@ public:
     CStdBasicTypeRefrence& ReadFrom(NullType value);
     /// Another value of any basic type, null included. Does nothing when both references have the same address.
     CStdBasicTypeRefrence& ReadFrom(const CStdBasicTypeConstRefrence& source);
-    /// Raw text or bytes: numbers are parsed as decimal integers from text that must end in a zero byte, "true" of 4 bytes is
-    /// true, std::string and CBinary take \p length bytes, tm, CDateTime and CNumeric the text up to its zero byte.
-    /// A null \p data for one of these three throws std::logic_error.
+    /// Raw text or bytes: numbers are parsed as decimal integers from text that must end in a zero byte, "true" of 4
+    /// bytes is true, std::string and CBinary take \p length bytes, tm, CDateTime and CNumeric the text up to its zero
+    /// byte. A null \p data for one of these three throws std::logic_error.
     CStdBasicTypeRefrence& ReadFromMemBlock(const char* data, unsigned long length);
 
-    /// Sets the value to the empty value of its type; never means to change the null state. Numbers are zeroed at the address
-    /// itself, without following a pointer or looking into a MayNull: empty those through CRefrence::Clear.
+    /// Sets the value to the empty value of its type; never means to change the null state. Numbers are zeroed at the
+    /// address itself, without following a pointer or looking into a MayNull: empty those through CRefrence::Clear.
     void Clear();
     void SetNull() { TypeInfor.SetNull(Address); }
     void SetNotNull() { TypeInfor.SetNotNull(Address); }

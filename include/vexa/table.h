@@ -25,8 +25,8 @@ inline bool operator==(const CColumn& left, const CColumn& right)
 }
 inline bool operator!=(const CColumn& left, const CColumn& right) { return !(left == right); }
 
-/// Rows of values under columns. Nothing keeps rows and columns in step but AddRow: a row that was put in by hand may have
-/// fewer values, or values of other types.
+/// Rows of values under columns. Nothing keeps rows and columns in step but AddRow: a row that was put in by hand may
+/// have fewer values, or values of other types.
 class VEXA_API CTable {
 public:
     std::vector<CRow> Rows;
@@ -65,21 +65,22 @@ inline bool operator==(const CTable& left, const CTable& right)
 }
 inline bool operator!=(const CTable& left, const CTable& right) { return !(left == right); }
 
-/// Fills \p table, which is emptied first, from a container of objects of a described class: one row an object, one column for
-/// each attribute of a basic type, or of a custom type over one, that lies in the object itself or in its member objects. The
-/// name of a member object's attribute is joined to the member's by an underscore. A null object gives a row of nulls.
+/// Fills \p table, which is emptied first, from a container of objects of a described class: one row an object, one
+/// column for each attribute of a basic type, or of a custom type over one, that lies in the object itself or in its
+/// member objects. The name of a member object's attribute is joined to the member's by an underscore. A null object
+/// gives a row of nulls.
 ///
-/// Without \p columns, every such attribute that is not masked, in the order of the class; else those named, in that order,
-/// masked or not.
-/// \return false, with an empty table, when the elements are no objects of a class; false also when one of \p columns is no such
-/// attribute, which is then left out.
+/// Without \p columns, every such attribute that is not masked, in the order of the class; else those named, in that
+/// order, masked or not. \return false, with an empty table, when the elements are no objects of a class; false also
+/// when one of \p columns is no such attribute, which is then left out.
 VEXA_API bool TableFromObjects(CTable& table, const CContainerConstRefrence& container,
                                const std::vector<std::string>& columns = {});
 
-/// Appends to a sequence container of objects one for each row of \p table, and sets the attributes that the columns name, with
-/// the library's conversions. A null sets a null, or the default of an attribute that cannot be null.
-/// \param unknown receives the names of the columns for which the class has no attribute that TableFromObjects would give.
-/// \return false, with the container unchanged, when its elements are no objects of a class or it cannot be appended to.
+/// Appends to a sequence container of objects one for each row of \p table, and sets the attributes that the columns
+/// name, with the library's conversions. A null sets a null, or the default of an attribute that cannot be null. \param
+/// unknown receives the names of the columns for which the class has no attribute that TableFromObjects would give.
+/// \return false, with the container unchanged, when its elements are no objects of a class or it cannot be appended
+/// to.
 VEXA_API bool ObjectsFromTable(CContainerRefrence& container, const CTable& table,
                                std::vector<std::string>* unknown = nullptr);
 

@@ -10,8 +10,8 @@
 #include <vexa/export.h>
 
 /// \file
-/// The general type descriptor, which says what type lives at a place in memory and how it is held there, and the common
-/// head of the detailed descriptors.
+/// The general type descriptor, which says what type lives at a place in memory and how it is held there, and the
+/// common head of the detailed descriptors.
 ///
 /// Descriptors are filled once during registration and only read afterwards, so every const operation may run on any
 /// number of threads at once. Operations on the same holder must not overlap.
@@ -29,11 +29,11 @@ public:
     using FactoryFunction = void* (*)();
     using DeleterFunction = void (*)(void*);
 
-    std::string Name;                   ///< the registered type name
-    unsigned long Size = 0;             ///< bytes of one object
-    unsigned int CustomTypeID = 0;      ///< the application's number for a custom type; 0 for every other type
-    FactoryFunction Factory = nullptr;  ///< makes a default object on the heap; null where the type cannot be made
-    DeleterFunction Deleter = nullptr;  ///< destroys and frees an object made by the factory
+    std::string Name;                  ///< the registered type name
+    unsigned long Size = 0;            ///< bytes of one object
+    unsigned int CustomTypeID = 0;     ///< the application's number for a custom type; 0 for every other type
+    FactoryFunction Factory = nullptr; ///< makes a default object on the heap; null where the type cannot be made
+    DeleterFunction Deleter = nullptr; ///< destroys and frees an object made by the factory
 
     /// Assigns all five fields.
     void SetBaseTypeInfor(const std::string& name, unsigned long size, FactoryFunction factory, DeleterFunction deleter,
@@ -51,9 +51,10 @@ class VEXA_API CGnlTypeInfor {
 public:
     unsigned char DataType = Enum::DT_UNKNOWN; ///< an Enum::DataTypeEnum value
     unsigned char HoldingFlags = 0;            ///< Enum::HoldingFlagsEnum bits
-    unsigned char NullFlagOffset = 0;          ///< MayNull: bytes from the wrapper to its null-flag byte (nonzero: null)
-    unsigned char ValueOffset = 0;             ///< MayNull: bytes from the wrapper to its value
-    const CTypeInforBase* DetailInfor = nullptr; ///< by DataType a class, container, custom or owned descriptor, else null
+    unsigned char NullFlagOffset = 0; ///< MayNull: bytes from the wrapper to its null-flag byte (nonzero: null)
+    unsigned char ValueOffset = 0;    ///< MayNull: bytes from the wrapper to its value
+    const CTypeInforBase* DetailInfor =
+        nullptr; ///< by DataType a class, container, custom or owned descriptor, else null
 
     constexpr CGnlTypeInfor() noexcept = default;
     constexpr explicit CGnlTypeInfor(unsigned int dataType, unsigned int holdingFlags = 0,
@@ -128,8 +129,8 @@ public:
 
     /// Whether the value at \p holder counts as null; a null holder is null. Allocates nothing.
     ///
-    /// A DT_VALUE answers for itself at the holder, even with HF_POINTER set: the pointer variable is then taken for the
-    /// value. A caller that holds a CValue through a pointer must test the pointer itself.
+    /// A DT_VALUE answers for itself at the holder, even with HF_POINTER set: the pointer variable is then taken for
+    /// the value. A caller that holds a CValue through a pointer must test the pointer itself.
     bool IsNull(const void* holder) const
     {
         if (holder == nullptr || DataType == Enum::DT_NULL) return true;
@@ -147,8 +148,8 @@ public:
     void Delete(void*& object) const;
     /// Makes the value at \p holder null: frees an owned pointee, only forgets a const one, sets a MayNull's flag.
     void SetNull(void* holder) const;
-    /// Makes the value at \p holder not null: gives a null owned pointer a new pointee, clears a MayNull's flag. A const
-    /// null pointer stays null.
+    /// Makes the value at \p holder not null: gives a null owned pointer a new pointee, clears a MayNull's flag. A
+    /// const null pointer stays null.
     void SetNotNull(void* holder) const;
     /// Gives a null pointer that is not const a new default pointee.
     void NewIfNullPointer(void* holder) const;
@@ -164,8 +165,9 @@ public:
     std::string RealTypeName() const;
     /// The type's name with its holding form, for example "MayNull<int>" or "const int*".
     std::string TypeName() const;
-    /// Turns this descriptor into the owner of a new custom type, DT_CUSTOM_OWNED; flags and offsets stay. What it owned
-    /// before is not released. A null \p name throws std::logic_error and leaves the new descriptor without a name.
+    /// Turns this descriptor into the owner of a new custom type, DT_CUSTOM_OWNED; flags and offsets stay. What it
+    /// owned before is not released. A null \p name throws std::logic_error and leaves the new descriptor without a
+    /// name.
     void ChangeTypeTo_CustomType(const char* name, unsigned long size, void* (*factory)(), void (*deleter)(void*),
                                  unsigned int customTypeID);
 

@@ -18,8 +18,8 @@
 
 namespace vexa {
 
-/// A value of any basic type, which owns its storage and is a writable reference to it: every conversion of the references
-/// works on it. 64 bytes; numbers, std::string and CBinary lie inside, the other types on the heap.
+/// A value of any basic type, which owns its storage and is a writable reference to it: every conversion of the
+/// references works on it. 64 bytes; numbers, std::string and CBinary lie inside, the other types on the heap.
 ///
 /// A value has a type code also while it is null. It never holds a const char*: that becomes a std::string. The code 2
 /// (DT_NULL) is that of a value without type; so is 0, which a fresh value has.
@@ -62,14 +62,14 @@ public:
     void SetNotNull();
     /// Makes it a null of type \p type. What is no basic type becomes 0, without type; 0 becomes 2.
     void SetNull(Enum::DataTypeEnum type);
-    /// Makes it a value of type \p type, not null: with the default contents, except that a tm of a value that has the type
-    /// already stays as it is.
+    /// Makes it a value of type \p type, not null: with the default contents, except that a tm of a value that has the
+    /// type already stays as it is.
     void ChangeValueTypeEnum(Enum::DataTypeEnum type);
 
     /// Takes type, null state and contents of another value; of a long double the first 8 bytes only.
     CValue& ReadFrom(const CValue& other);
-    /// The conversions of CStdBasicTypeRefrence, into the type that the value has. A null value is made not null first where
-    /// the type can be stored; a text that cannot be stored leaves it null.
+    /// The conversions of CStdBasicTypeRefrence, into the type that the value has. A null value is made not null first
+    /// where the type can be stored; a text that cannot be stored leaves it null.
     CValue& ReadFrom(const std::string& value);
     CValue& ReadFrom(const char* value);
     CValue& ReadFrom(const CStdBasicTypeConstRefrence& source);
@@ -112,8 +112,8 @@ private:
     void CopyContents(const CValue& other);
     void CopyObject(const CValue& other);
 
-    // The code of what has been made in the storage, 0 for nothing. It lies between the fields of the reference and the aligned
-    // storage. The address alone would not do: it can be cleared through the reference.
+    // The code of what has been made in the storage, 0 for nothing. It lies between the fields of the reference and the
+    // aligned storage. The address alone would not do: it can be cleared through the reference.
     unsigned char m_made = Enum::DT_UNKNOWN;
     alignas(16) unsigned char m_storage[STORAGE_SIZE] = {};
 };

@@ -5,10 +5,7 @@
 
 namespace {
 
-const char* TextOrNull(const char* text)
-{
-    return text != nullptr ? text : "NULL";
-}
+const char* TextOrNull(const char* text) { return text != nullptr ? text : "NULL"; }
 
 } // namespace
 

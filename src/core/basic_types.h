@@ -57,8 +57,8 @@ bool VisitBasicType(unsigned char code, F&& f)
     }
 }
 
-/// Reads what lives at an address: a number by its bytes, since the application may have stored an enumeration there, whose
-/// type is another; a char through its unsigned bytes.
+/// Reads what lives at an address: a number by its bytes, since the application may have stored an enumeration there,
+/// whose type is another; a char through its unsigned bytes.
 template<class T>
 decltype(auto) Load(const void* address)
 {

@@ -12,10 +12,7 @@ namespace vexa {
 
 namespace {
 
-unsigned char* SharedEmpty() noexcept
-{
-    return reinterpret_cast<unsigned char*>(&CBinary::s_NullChar);
-}
+unsigned char* SharedEmpty() noexcept { return reinterpret_cast<unsigned char*>(&CBinary::s_NullChar); }
 
 void Release(unsigned char* data) noexcept
 {
@@ -39,10 +36,7 @@ char CBinary::s_NullChar = '\0';
 
 CBinary::CBinary() noexcept : Data(SharedEmpty()), Size(0) {}
 
-CBinary::CBinary(unsigned long n) : CBinary()
-{
-    Reset(n);
-}
+CBinary::CBinary(unsigned long n) : CBinary() { Reset(n); }
 
 CBinary::CBinary(const void* src, unsigned long len) : CBinary()
 {
@@ -61,10 +55,7 @@ CBinary::CBinary(CBinary&& other) noexcept : CBinary()
     std::swap(Size, other.Size);
 }
 
-CBinary::~CBinary()
-{
-    Release(Data);
-}
+CBinary::~CBinary() { Release(Data); }
 
 CBinary& CBinary::operator=(const CBinary& other)
 {
@@ -168,9 +159,6 @@ bool operator==(const CBinary& left, const CBinary& right) noexcept
     return left.Size == right.Size && std::memcmp(left.Data, right.Data, left.Size) == 0;
 }
 
-bool operator!=(const CBinary& left, const CBinary& right) noexcept
-{
-    return !(left == right);
-}
+bool operator!=(const CBinary& left, const CBinary& right) noexcept { return !(left == right); }
 
 } // namespace vexa

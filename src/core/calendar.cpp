@@ -16,16 +16,10 @@ constexpr int kFirstYear = 1900;
 /// The year 9999, counted as a `tm` counts.
 constexpr unsigned kLastTmYear = 9999 - kFirstYear;
 
-void Clear(tm& t)
-{
-    core::memset_s(&t, sizeof t, 0, sizeof t);
-}
+void Clear(tm& t) { core::memset_s(&t, sizeof t, 0, sizeof t); }
 
 /// Compared as unsigned numbers, so that a negative field is out of range too.
-bool IsAtMost(int field, unsigned limit)
-{
-    return static_cast<unsigned>(field) <= limit;
-}
+bool IsAtMost(int field, unsigned limit) { return static_cast<unsigned>(field) <= limit; }
 
 bool HasCalendarFields(const tm& t)
 {
@@ -68,10 +62,7 @@ bool String2Tm(tm& t, const std::string& s)
     return strptime_l(s.c_str(), core::kDateTimeFormat, &t, core::CLocale()) != nullptr;
 }
 
-std::string Tm2String(const tm& t, const std::string& format)
-{
-    return core::FormatTm(t, format.c_str());
-}
+std::string Tm2String(const tm& t, const std::string& format) { return core::FormatTm(t, format.c_str()); }
 
 std::string core::FormatTm(const tm& t, const char* format)
 {

@@ -57,10 +57,7 @@ CDateTime::CDateTime(long secs, long msecs)
     }
 }
 
-CDateTime::CDateTime(const tm& t)
-{
-    ReadFrom(t, false);
-}
+CDateTime::CDateTime(const tm& t) { ReadFrom(t, false); }
 
 CDateTime::CDateTime(const tm* t, bool utc)
 {
@@ -90,10 +87,7 @@ CDateTime::CDateTime(const CDateTime& date, unsigned char hour, unsigned char mi
                       static_cast<unsigned char>(day.tm_mday), hour, min, sec, msec, utc);
 }
 
-CDateTime::CDateTime(const std::string& s)
-{
-    *this = s;
-}
+CDateTime::CDateTime(const std::string& s) { *this = s; }
 
 CDateTime& CDateTime::operator=(const tm& t)
 {
@@ -142,20 +136,11 @@ void CDateTime::ReadFrom(const tm& t, bool utc)
     }
 }
 
-long CDateTime::secs() const
-{
-    return core::IsPacked(TimeWord) ? -1 : static_cast<long>(TimeWord / kSecond);
-}
+long CDateTime::secs() const { return core::IsPacked(TimeWord) ? -1 : static_cast<long>(TimeWord / kSecond); }
 
-std::time_t CDateTime::As_time_t() const
-{
-    return secs();
-}
+std::time_t CDateTime::As_time_t() const { return secs(); }
 
-unsigned long CDateTime::msecs() const
-{
-    return core::IsPacked(TimeWord) ? ~0UL : TimeWord;
-}
+unsigned long CDateTime::msecs() const { return core::IsPacked(TimeWord) ? ~0UL : TimeWord; }
 
 unsigned short CDateTime::msec() const
 {

@@ -12,10 +12,7 @@ constexpr std::uint64_t kHour = 60 * kMinute;
 constexpr std::uint64_t kDay = 24 * kHour;
 
 /// The milliseconds of `n` units, as a number to add to a time word. Unsigned, because a sum may wrap.
-std::uint64_t Milliseconds(long n, std::uint64_t unit)
-{
-    return static_cast<std::uint64_t>(n) * unit;
-}
+std::uint64_t Milliseconds(long n, std::uint64_t unit) { return static_cast<std::uint64_t>(n) * unit; }
 
 CDateTime& AddTo(CDateTime& t, std::uint64_t milliseconds)
 {
@@ -28,107 +25,47 @@ CDateTime& AddTo(CDateTime& t, std::uint64_t milliseconds)
 }
 
 /// Orders two words as unsigned numbers once the flag is turned round: packed dates are the earlier ones.
-std::uint64_t SortKey(const CDateTime& t)
-{
-    return t.TimeWord ^ core::kPackedFlag;
-}
+std::uint64_t SortKey(const CDateTime& t) { return t.TimeWord ^ core::kPackedFlag; }
 
 } // namespace
 
-CDateTime& CDateTime::operator+=(long ms)
-{
-    return AddTo(*this, Milliseconds(ms, 1));
-}
+CDateTime& CDateTime::operator+=(long ms) { return AddTo(*this, Milliseconds(ms, 1)); }
 
-CDateTime& CDateTime::operator-=(long ms)
-{
-    return AddTo(*this, 0 - Milliseconds(ms, 1));
-}
+CDateTime& CDateTime::operator-=(long ms) { return AddTo(*this, 0 - Milliseconds(ms, 1)); }
 
-CDateTime& CDateTime::AddDay(int n)
-{
-    return AddTo(*this, Milliseconds(n, kDay));
-}
+CDateTime& CDateTime::AddDay(int n) { return AddTo(*this, Milliseconds(n, kDay)); }
 
-CDateTime& CDateTime::SubDay(int n)
-{
-    return AddTo(*this, 0 - Milliseconds(n, kDay));
-}
+CDateTime& CDateTime::SubDay(int n) { return AddTo(*this, 0 - Milliseconds(n, kDay)); }
 
-CDateTime& CDateTime::AddHour(int n)
-{
-    return AddTo(*this, Milliseconds(n, kHour));
-}
+CDateTime& CDateTime::AddHour(int n) { return AddTo(*this, Milliseconds(n, kHour)); }
 
-CDateTime& CDateTime::SubHour(int n)
-{
-    return AddTo(*this, 0 - Milliseconds(n, kHour));
-}
+CDateTime& CDateTime::SubHour(int n) { return AddTo(*this, 0 - Milliseconds(n, kHour)); }
 
-CDateTime& CDateTime::AddMin(int n)
-{
-    return AddTo(*this, Milliseconds(n, kMinute));
-}
+CDateTime& CDateTime::AddMin(int n) { return AddTo(*this, Milliseconds(n, kMinute)); }
 
-CDateTime& CDateTime::SubMin(int n)
-{
-    return AddTo(*this, 0 - Milliseconds(n, kMinute));
-}
+CDateTime& CDateTime::SubMin(int n) { return AddTo(*this, 0 - Milliseconds(n, kMinute)); }
 
-CDateTime& CDateTime::AddSec(int n)
-{
-    return AddTo(*this, Milliseconds(n, kSecond));
-}
+CDateTime& CDateTime::AddSec(int n) { return AddTo(*this, Milliseconds(n, kSecond)); }
 
-CDateTime& CDateTime::SubSec(int n)
-{
-    return AddTo(*this, 0 - Milliseconds(n, kSecond));
-}
+CDateTime& CDateTime::SubSec(int n) { return AddTo(*this, 0 - Milliseconds(n, kSecond)); }
 
-CDateTime& CDateTime::AddMSec(long n)
-{
-    return AddTo(*this, Milliseconds(n, 1));
-}
+CDateTime& CDateTime::AddMSec(long n) { return AddTo(*this, Milliseconds(n, 1)); }
 
-CDateTime& CDateTime::SubMSec(long n)
-{
-    return AddTo(*this, 0 - Milliseconds(n, 1));
-}
+CDateTime& CDateTime::SubMSec(long n) { return AddTo(*this, 0 - Milliseconds(n, 1)); }
 
-bool CDateTime::operator<(const CDateTime& other) const
-{
-    return SortKey(*this) < SortKey(other);
-}
+bool CDateTime::operator<(const CDateTime& other) const { return SortKey(*this) < SortKey(other); }
 
-bool CDateTime::operator>(const CDateTime& other) const
-{
-    return other < *this;
-}
+bool CDateTime::operator>(const CDateTime& other) const { return other < *this; }
 
-bool CDateTime::operator<=(const CDateTime& other) const
-{
-    return !(other < *this);
-}
+bool CDateTime::operator<=(const CDateTime& other) const { return !(other < *this); }
 
-bool CDateTime::operator>=(const CDateTime& other) const
-{
-    return !(*this < other);
-}
+bool CDateTime::operator>=(const CDateTime& other) const { return !(*this < other); }
 
-bool CDateTime::operator==(const CDateTime& other) const
-{
-    return TimeWord == other.TimeWord;
-}
+bool CDateTime::operator==(const CDateTime& other) const { return TimeWord == other.TimeWord; }
 
-bool CDateTime::operator!=(const CDateTime& other) const
-{
-    return !(*this == other);
-}
+bool CDateTime::operator!=(const CDateTime& other) const { return !(*this == other); }
 
-bool CDateTime::EqualTo(const CDateTime& other) const
-{
-    return *this == other;
-}
+bool CDateTime::EqualTo(const CDateTime& other) const { return *this == other; }
 
 int CDateTime::Cmp(const CDateTime& other) const
 {
@@ -146,9 +83,6 @@ int CDateTime::Cmp(const CDateTime* other) const
     return Cmp(*other);
 }
 
-bool CDateTime::IsLeapYear(int year)
-{
-    return year % 4 == 0;
-}
+bool CDateTime::IsLeapYear(int year) { return year % 4 == 0; }
 
 } // namespace vexa

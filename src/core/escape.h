@@ -35,10 +35,7 @@ constexpr EscapeTable MakeEscapeTable()
 inline constexpr EscapeTable kEscapes = MakeEscapeTable();
 
 /// Length of an escape sequence: backslash and letter, or \u00xx.
-constexpr unsigned long EscapeLength(char letter)
-{
-    return letter == 'u' ? 6 : 2;
-}
+constexpr unsigned long EscapeLength(char letter) { return letter == 'u' ? 6 : 2; }
 
 /// True when one of 8 bytes at `p` needs escaping. Each comparison leaves the top bit set in some byte if it holds for
 /// any of them, by the borrow of a byte-wise subtraction.
@@ -92,8 +89,8 @@ inline std::size_t FindByteToEscape(const unsigned char* p, std::size_t n) noexc
     return i;
 }
 
-/// The room that is counted for `n` bytes at `p` when they are escaped: exact, but that a control byte with a letter of its own
-/// is counted like one without.
+/// The room that is counted for `n` bytes at `p` when they are escaped: exact, but that a control byte with a letter of
+/// its own is counted like one without.
 inline unsigned long EscapedRoom(const char* p, std::size_t n) noexcept
 {
     const auto* bytes = reinterpret_cast<const unsigned char*>(p);

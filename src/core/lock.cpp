@@ -7,15 +7,9 @@
 namespace vexa {
 namespace helper {
 
-void Acquire_Recursive_Thread_Mutex()
-{
-    ACE_OS::mutex_lock(&ACE_Static_Object_Lock::instance()->lock());
-}
+void Acquire_Recursive_Thread_Mutex() { ACE_OS::mutex_lock(&ACE_Static_Object_Lock::instance()->lock()); }
 
-void Release_Recursive_Thread_Mutex()
-{
-    ACE_OS::mutex_unlock(&ACE_Static_Object_Lock::instance()->lock());
-}
+void Release_Recursive_Thread_Mutex() { ACE_OS::mutex_unlock(&ACE_Static_Object_Lock::instance()->lock()); }
 
 } // namespace helper
 } // namespace vexa

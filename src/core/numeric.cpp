@@ -23,10 +23,7 @@ const char* SkipBlanks(const char* text)
     return text;
 }
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 void Fail(CNumeric& number)
 {
@@ -121,35 +118,17 @@ bool SameDigits(const CNumeric& left, const CNumeric& right)
 
 } // namespace
 
-CNumeric::CNumeric(const std::string& text)
-{
-    Read(*this, text.c_str());
-}
+CNumeric::CNumeric(const std::string& text) { Read(*this, text.c_str()); }
 
-CNumeric::CNumeric(long value)
-{
-    ReadInteger(*this, value);
-}
+CNumeric::CNumeric(long value) { ReadInteger(*this, value); }
 
-CNumeric::CNumeric(int value)
-{
-    ReadInteger(*this, value);
-}
+CNumeric::CNumeric(int value) { ReadInteger(*this, value); }
 
-CNumeric::CNumeric(long double value)
-{
-    ReadFloating(*this, value);
-}
+CNumeric::CNumeric(long double value) { ReadFloating(*this, value); }
 
-CNumeric::CNumeric(double value)
-{
-    ReadFloating(*this, value);
-}
+CNumeric::CNumeric(double value) { ReadFloating(*this, value); }
 
-CNumeric::CNumeric(float value)
-{
-    ReadFloating(*this, static_cast<double>(value));
-}
+CNumeric::CNumeric(float value) { ReadFloating(*this, static_cast<double>(value)); }
 
 CNumeric& CNumeric::operator=(const std::string& text)
 {
@@ -183,10 +162,7 @@ std::string CNumeric::AsString() const
     return text;
 }
 
-bool CNumeric::IsZero() const
-{
-    return State == Enum::VS_VALID && AllZeros(*this);
-}
+bool CNumeric::IsZero() const { return State == Enum::VS_VALID && AllZeros(*this); }
 
 bool CNumeric::IsEqu(const CNumeric& other) const
 {
@@ -205,20 +181,11 @@ bool CNumeric::IsEqu(const CNumeric& other) const
     return sameSign ? SameDigits(*this, other) : AllZeros(*this) && AllZeros(other);
 }
 
-bool operator==(const CNumeric& left, const CNumeric& right)
-{
-    return left.IsEqu(right);
-}
+bool operator==(const CNumeric& left, const CNumeric& right) { return left.IsEqu(right); }
 
-bool operator!=(const CNumeric& left, const CNumeric& right)
-{
-    return !left.IsEqu(right);
-}
+bool operator!=(const CNumeric& left, const CNumeric& right) { return !left.IsEqu(right); }
 
-std::ostream& operator<<(std::ostream& out, const CNumeric& value)
-{
-    return out << value.AsString();
-}
+std::ostream& operator<<(std::ostream& out, const CNumeric& value) { return out << value.AsString(); }
 
 std::istream& operator>>(std::istream& in, CNumeric& value)
 {

@@ -6,16 +6,10 @@ namespace vexa {
 
 namespace {
 
-int Field(const core::PackedField& field, std::uint64_t word)
-{
-    return static_cast<int>(field.Get(word));
-}
+int Field(const core::PackedField& field, std::uint64_t word) { return static_cast<int>(field.Get(word)); }
 
 /// The sum of two fields of any value; it wraps where the plain sum would overflow.
-int Plus(int field, unsigned offset)
-{
-    return static_cast<int>(static_cast<unsigned>(field) + offset);
-}
+int Plus(int field, unsigned offset) { return static_cast<int>(static_cast<unsigned>(field) + offset); }
 
 } // namespace
 

@@ -9,10 +9,7 @@ namespace core {
 /// The top bit of a time word: set when the word is a packed date and time.
 constexpr std::uint64_t kPackedFlag = std::uint64_t{1} << 63U;
 
-constexpr bool IsPacked(std::uint64_t word)
-{
-    return (word & kPackedFlag) != 0;
-}
+constexpr bool IsPacked(std::uint64_t word) { return (word & kPackedFlag) != 0; }
 
 /// The place of one field in a packed word.
 struct PackedField {

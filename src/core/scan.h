@@ -9,7 +9,8 @@
 
 namespace vexa::core {
 
-/// The first quotation mark or backslash from \p first on, or \p last. Looks at 16 bytes at a time and never beyond \p last.
+/// The first quotation mark or backslash from \p first on, or \p last. Looks at 16 bytes at a time and never beyond \p
+/// last.
 inline const char* FindQuoteOrBackslash(const char* first, const char* last) noexcept
 {
 #ifdef __SSE2__
@@ -21,7 +22,8 @@ inline const char* FindQuoteOrBackslash(const char* first, const char* last) noe
         if (const int mask = _mm_movemask_epi8(hits)) return first + __builtin_ctz(static_cast<unsigned>(mask));
     }
 #endif
-    while (first != last && *first != '"' && *first != '\\') ++first;
+    while (first != last && *first != '"' && *first != '\\')
+        ++first;
     return first;
 }
 

@@ -18,10 +18,7 @@ unsigned long Count(long seconds, unsigned long perSecond, long units)
 
 } // namespace
 
-CTimer::CTimer() : StartSec(0), StartUsec(0), StopSec(0), StopUsec(0)
-{
-    Start();
-}
+CTimer::CTimer() : StartSec(0), StartUsec(0), StopSec(0), StopUsec(0) { Start(); }
 
 void CTimer::Start()
 {
@@ -75,10 +72,7 @@ void CTimer::PrintElapseMs(const char* label)
     Start();
 }
 
-void CTimer::PrintElapseUs(const char* label)
-{
-    PrintElapseMs(label);
-}
+void CTimer::PrintElapseUs(const char* label) { PrintElapseMs(label); }
 
 } // namespace helper
 } // namespace vexa

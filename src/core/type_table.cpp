@@ -73,7 +73,8 @@ constexpr CTypeRow FromDetail(TypeSource source)
 
 constexpr void SetContainerRows(std::array<CTypeRow, 256>& rows)
 {
-    for (unsigned code = 61; code <= 98; ++code) rows[code] = FromDetail(TypeSource::UnnamedContainer);
+    for (unsigned code = 61; code <= 98; ++code)
+        rows[code] = FromDetail(TypeSource::UnnamedContainer);
     for (unsigned code : {DT_SEQUENCE_A, DT_SEQUENCE_B, DT_BITSET, DT_ARRAY, DT_SEQUENCE_C, DT_ASSOCIATIVE_A,
                           DT_ASSOCIATIVE_B, DT_ASSOCIATIVE_C, DT_ASSOCIATIVE_D, DT_ASSOCIATIVE_E}) {
         rows[code] = FromDetail(TypeSource::Container);
@@ -116,7 +117,7 @@ constexpr std::array<CTypeRow, 256> MakeRows()
     rows[DT_REFERENCE_GROUP] = Record<CReferenceGroup>("vexa::CReferenceGroup", 72);
     rows[DT_ROW] = Record<CRow>("vexa::CRow", 24);
     rows[DT_TABLE] = Record<CTable>("vexa::CTable", 48);
-    rows[DT_VALUE] = {"vexa::CValue",   64, &MakeRecord<CValue>, &DestroyRecord<CValue>, &IsNullValue, &SetNullValue,
+    rows[DT_VALUE] = {"vexa::CValue",  64, &MakeRecord<CValue>, &DestroyRecord<CValue>, &IsNullValue, &SetNullValue,
                       &SetNotNullValue};
     rows[DT_BITSET_NODE] = {"std_bitset_node", 0};
     return rows;

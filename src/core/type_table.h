@@ -2,8 +2,8 @@
 #define VEXA_CORE_TYPE_TABLE_H
 
 /// \file
-/// One row per type code: what the descriptor operations need to know of a type. Every list of codes that these operations
-/// would otherwise repeat is a column here.
+/// One row per type code: what the descriptor operations need to know of a type. Every list of codes that these
+/// operations would otherwise repeat is a column here.
 
 namespace vexa {
 
@@ -31,16 +31,16 @@ void SetNotNullValue(void* value);
 
 /// Where a type's size, name and life cycle come from.
 enum class TypeSource : unsigned char {
-    Row,                ///< from the row
-    Detail,             ///< from the detailed descriptor
-    Container,          ///< from the container descriptor, the name composed with the element type's
-    UnnamedContainer    ///< made and destroyed by the container descriptor, but without name or size
+    Row,             ///< from the row
+    Detail,          ///< from the detailed descriptor
+    Container,       ///< from the container descriptor, the name composed with the element type's
+    UnnamedContainer ///< made and destroyed by the container descriptor, but without name or size
 };
 
 struct CTypeRow {
     const char* Name = "unkown type";
     unsigned long Size = 0;
-    void* (*Make)() = nullptr;              ///< null: cannot be made
+    void* (*Make)() = nullptr;               ///< null: cannot be made
     void (*Destroy)(void* object) = nullptr; ///< accepts null; itself null: nothing is freed
     /// How a value that keeps its own null state answers; null for every type whose holder keeps it.
     bool (*IsNull)(const void* value) = nullptr;

@@ -11,7 +11,8 @@ namespace {
 const char* ColumnTypeName(Enum::DataTypeEnum type)
 {
     const bool isBasic = CGnlTypeInfor(type).IsBasicType();
-    return core::TypeRow(isBasic ? static_cast<unsigned char>(type) : static_cast<unsigned char>(Enum::DT_UNKNOWN)).Name;
+    return core::TypeRow(isBasic ? static_cast<unsigned char>(type) : static_cast<unsigned char>(Enum::DT_UNKNOWN))
+        .Name;
 }
 
 void AppendColumns(std::string& out, const CTable& table)

@@ -7,7 +7,8 @@ namespace vexa {
 std::string CRow::AsString(const Enum::AsStringFormatEnum& format) const
 {
     std::string out;
-    for (const CValue& value : Values) out.append(value.CConstRefrence::AsString(format)).append(1, ',');
+    for (const CValue& value : Values)
+        out.append(value.CConstRefrence::AsString(format)).append(1, ',');
     return out;
 }
 
@@ -15,7 +16,8 @@ CRow& CTable::AddRow()
 {
     CRow& row = Rows.emplace_back();
     row.Reserve(Columns.size());
-    for (const CColumn& column : Columns) row.Append().SetNull(column.DataType);
+    for (const CColumn& column : Columns)
+        row.Append().SetNull(column.DataType);
     return row;
 }
 
@@ -42,7 +44,8 @@ const CValue& CTable::Value(unsigned long row, const std::string& name) const
 std::string CTable::AsString(const Enum::AsStringFormatEnum& format) const
 {
     std::string out;
-    for (const CRow& row : Rows) out.append(row.AsString(format)).append(1, '\n');
+    for (const CRow& row : Rows)
+        out.append(row.AsString(format)).append(1, '\n');
     return out;
 }
 

@@ -60,17 +60,19 @@ private:
     /// Of two leaves of one name the one in the outer object stays, as in the flat index.
     void Add(const CLeaf& leaf)
     {
-        const auto same = std::find_if(m_leaves.begin(), m_leaves.end(),
-                                       [&](const CLeaf& other) { return other.Name == leaf.Name; });
-        if (same == m_leaves.end()) m_leaves.push_back(leaf);
-        else if (leaf.Members.size() < same->Members.size()) *same = leaf;
+        const auto same =
+            std::find_if(m_leaves.begin(), m_leaves.end(), [&](const CLeaf& other) { return other.Name == leaf.Name; });
+        if (same == m_leaves.end())
+            m_leaves.push_back(leaf);
+        else if (leaf.Members.size() < same->Members.size())
+            *same = leaf;
     }
 
     std::vector<CLeaf> m_leaves;
 };
 
-/// The leaf in one object; without address when a member on the way is null, or when it is not the active one of its union.
-/// \param isToBeSet makes the members on the way not null.
+/// The leaf in one object; without address when a member on the way is null, or when it is not the active one of its
+/// union. \param isToBeSet makes the members on the way not null.
 CRefrence LeafOf(void* object, const CLeaf& leaf, bool isToBeSet)
 {
     for (const CAttribInfor* const member : leaf.Members) {
@@ -108,9 +110,12 @@ void WriteBasic(CStdBasicTypeRefrence& target, const CValue& value)
 {
     core::VisitBasicType(target.TypeInfor.DataType, [&](auto type) {
         using T = typename decltype(type)::Type;
-        if constexpr (std::is_same_v<T, std::string>) target.ReadFrom(value.As_std_string());
-        else if constexpr (std::is_same_v<T, long double>) target.ReadFrom(value.As_long_double());
-        else if constexpr (std::is_same_v<T, core::CTextAtAddress>) target.ReadFrom(value.As_const_char_ptr());
+        if constexpr (std::is_same_v<T, std::string>)
+            target.ReadFrom(value.As_std_string());
+        else if constexpr (std::is_same_v<T, long double>)
+            target.ReadFrom(value.As_long_double());
+        else if constexpr (std::is_same_v<T, core::CTextAtAddress>)
+            target.ReadFrom(value.As_const_char_ptr());
         else {
             T converted{};
             value.WriteTo(converted);
@@ -164,12 +169,14 @@ bool TableFromObjects(CTable& table, const CContainerConstRefrence& container, c
     const CLeafList leaves(*infor);
     std::vector<const CLeaf*> selected;
     const bool isComplete = SelectLeaves(leaves, columns, selected);
-    for (const CLeaf* const leaf : selected) table.AddColumn(ColumnType(leaf->Attrib->TypeInfor), leaf->Name);
+    for (const CLeaf* const leaf : selected)
+        table.AddColumn(ColumnType(leaf->Attrib->TypeInfor), leaf->Name);
     table.Reserve(container.Count());
     for (const CConstRefrence& element : container) {
         CRow& row = table.AddRow();
         void* const object = element.ValueAddress();
-        for (std::size_t i = 0; i < selected.size(); ++i) ReadLeaf(row[i], LeafOf(object, *selected[i], false));
+        for (std::size_t i = 0; i < selected.size(); ++i)
+            ReadLeaf(row[i], LeafOf(object, *selected[i], false));
     }
     return isComplete;
 }

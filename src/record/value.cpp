@@ -51,7 +51,8 @@ constexpr bool LiesInStorage()
 
 } // namespace
 
-// Constructed before it copies, so that its destructor releases what was made when the memory for the rest is not to be had.
+// Constructed before it copies, so that its destructor releases what was made when the memory for the rest is not to be
+// had.
 CValue::CValue(const CValue& other) : CValue()
 {
     TypeInfor = other.TypeInfor;
@@ -98,8 +99,10 @@ void CValue::CopyContents(const CValue& other)
 {
     if (other.IsNull()) return;
     Make(other.m_made); // not by the type code, which an application may have made that of a custom type
-    if (IsNumberBand(m_made)) std::memcpy(m_storage, other.m_storage, STORAGE_SIZE);
-    else CopyObject(other);
+    if (IsNumberBand(m_made))
+        std::memcpy(m_storage, other.m_storage, STORAGE_SIZE);
+    else
+        CopyObject(other);
 }
 
 void CValue::CopyObject(const CValue& other)
@@ -151,7 +154,8 @@ void CValue::SetNull() { Release(); }
 void CValue::SetNotNull()
 {
     if (Address != nullptr) return;
-    // What was made is out of reach, if the address was cleared through the reference; a number still lies in the storage.
+    // What was made is out of reach, if the address was cleared through the reference; a number still lies in the
+    // storage.
     if (!IsNumberBand(m_made)) Release();
     Make(TypeInfor.DataType);
 }

@@ -68,7 +68,8 @@ void VisitBoth(const CValue& left, const CValue& right, F&& f)
 {
     core::VisitBasicType(left.TypeInfor.DataType, [&](auto type) {
         using T = typename decltype(type)::Type;
-        if constexpr (!std::is_same_v<T, core::CTextAtAddress>) f(core::Load<T>(left.Address), core::Load<T>(right.Address));
+        if constexpr (!std::is_same_v<T, core::CTextAtAddress>)
+            f(core::Load<T>(left.Address), core::Load<T>(right.Address));
     });
 }
 
@@ -82,8 +83,10 @@ bool operator==(const CValue& left, const CValue& right)
     if (!HaveOneType(left, right)) return false;
     bool isEqual = true;
     VisitBoth(left, right, [&](const auto& a, const auto& b) {
-        if constexpr (std::is_same_v<std::decay_t<decltype(a)>, tm>) isEqual = Fields(a) == Fields(b);
-        else isEqual = a == b;
+        if constexpr (std::is_same_v<std::decay_t<decltype(a)>, tm>)
+            isEqual = Fields(a) == Fields(b);
+        else
+            isEqual = a == b;
     });
     return isEqual;
 }

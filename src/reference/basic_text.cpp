@@ -18,8 +18,8 @@ using namespace Enum;
 
 namespace {
 
-/// Bytes that hold the text of any value of a number type: 20 digits and a sign, or the digits of the largest floating value
-/// with six decimals.
+/// Bytes that hold the text of any value of a number type: 20 digits and a sign, or the digits of the largest floating
+/// value with six decimals.
 template<class T>
 constexpr std::size_t MaxTextLength()
 {
@@ -48,7 +48,8 @@ std::size_t FormatTime(char* buffer, const tm& value)
     return strftime_l(buffer, TIME_ROOM, "%Y-%m-%d %H:%M:%S", &value, core::CLocale());
 }
 
-/// Writes into a caller's buffer. Whatever is refused for lack of room, the position moves on, as the caller has counted.
+/// Writes into a caller's buffer. Whatever is refused for lack of room, the position moves on, as the caller has
+/// counted.
 class CBufferSink {
 public:
     CBufferSink(char* buffer, unsigned long& position, unsigned long capacity)
@@ -132,8 +133,10 @@ template<class Sink>
 void WriteCharacters(Sink& sink, const char* text, std::size_t length, bool escape)
 {
     if (length == 0) return;
-    if (escape) sink.Escape(text, length);
-    else sink.Copy(text, length);
+    if (escape)
+        sink.Escape(text, length);
+    else
+        sink.Copy(text, length);
 }
 
 template<class Sink>
@@ -147,8 +150,10 @@ void WriteNumber(Sink& sink, Type, const void* address, bool escape)
 {
     const auto value = core::Load<typename Type::Type>(address);
     if constexpr (Type::CODE == DT_BOOL) {
-        if (value) sink.Copy("true", 4);
-        else sink.Copy("false", 5);
+        if (value)
+            sink.Copy("true", 4);
+        else
+            sink.Copy("false", 5);
     } else if constexpr (Type::CODE == DT_CHAR) {
         WriteCharacters(sink, reinterpret_cast<const char*>(&value), 1, escape);
     } else if constexpr (std::is_floating_point_v<decltype(value)> || Type::CODE == DT_LONG_LONG ||
@@ -171,11 +176,16 @@ void WriteValue(Sink& sink, unsigned char code, const void* address, bool escape
             WriteCharacters(sink, text, std::strlen(text), escape);
         } else {
             const T& value = core::Load<T>(address);
-            if constexpr (std::is_same_v<T, std::string>) WriteCharacters(sink, value.data(), value.size(), escape);
-            else if constexpr (std::is_same_v<T, CBinary>) WriteCopy(sink, value.AsHexString());
-            else if constexpr (std::is_same_v<T, tm>) sink.Time(value);
-            else if constexpr (std::is_same_v<T, CDateTime>) WriteCopy(sink, value.AsString(nullptr, false));
-            else WriteCopy(sink, value.AsString());
+            if constexpr (std::is_same_v<T, std::string>)
+                WriteCharacters(sink, value.data(), value.size(), escape);
+            else if constexpr (std::is_same_v<T, CBinary>)
+                WriteCopy(sink, value.AsHexString());
+            else if constexpr (std::is_same_v<T, tm>)
+                sink.Time(value);
+            else if constexpr (std::is_same_v<T, CDateTime>)
+                WriteCopy(sink, value.AsString(nullptr, false));
+            else
+                WriteCopy(sink, value.AsString());
         }
     });
 }
@@ -184,9 +194,12 @@ template<class Sink>
 void WriteText(Sink sink, const CConstRefrence& source, bool escape)
 {
     const void* const address = source.ValueAddress();
-    if (address == nullptr) sink.Copy("NULL", 4);
-    else if (source.TypeInfor.DataType == DT_UNKNOWN) sink.Copy("unkown", 6);
-    else WriteValue(sink, source.TypeInfor.DataType, address, escape);
+    if (address == nullptr)
+        sink.Copy("NULL", 4);
+    else if (source.TypeInfor.DataType == DT_UNKNOWN)
+        sink.Copy("unkown", 6);
+    else
+        WriteValue(sink, source.TypeInfor.DataType, address, escape);
 }
 
 } // namespace

@@ -3,7 +3,8 @@
 namespace vexa {
 namespace {
 
-bool SetToAttrib(CConstRefrence& out, const CClassConstRefrence& owner, unsigned long offset, const CAttribInfor* record)
+bool SetToAttrib(CConstRefrence& out, const CClassConstRefrence& owner, unsigned long offset,
+                 const CAttribInfor* record)
 {
     char* const object = static_cast<char*>(owner.ValueAddress());
     if (object == nullptr || record == nullptr) return false;
@@ -54,7 +55,8 @@ bool IsActiveAttrib(const CAttribInfor& attrib, const void* object)
 
 void CClassInfor::GetUnionAttrib(CConstRefrence& out, const void* object, AttribPosition& position) const
 {
-    while (position != AttribList.end() && !IsActiveAttrib(*position, object)) ++position;
+    while (position != AttribList.end() && !IsActiveAttrib(*position, object))
+        ++position;
     if (position == AttribList.end()) return;
     out.TypeInfor = position->TypeInfor;
     out.Address = static_cast<char*>(const_cast<void*>(object)) + position->Offset;

@@ -45,7 +45,8 @@ void CContainerRefrence::Clear()
     if (container != nullptr && clear != nullptr) clear(container);
 }
 
-bool GetValueListFromObjectList_i(CContainerRefrence& dst, const CContainerConstRefrence& src, const std::string& flatName)
+bool GetValueListFromObjectList_i(CContainerRefrence& dst, const CContainerConstRefrence& src,
+                                  const std::string& flatName)
 {
     const CGnlTypeInfor& elementType = src.ContainerInfor().ElementType;
     if (!dst.ContainerInfor().ElementType.IsBasicType() || elementType.DataType != DT_CLASS) return false;

@@ -8,8 +8,8 @@
 
 namespace vexa::reference {
 
-/// Cuts a floating value toward zero. One that does not fit gives the lowest value, as the x86-64 conversion instructions do;
-/// the language leaves it undefined.
+/// Cuts a floating value toward zero. One that does not fit gives the lowest value, as the x86-64 conversion
+/// instructions do; the language leaves it undefined.
 template<class Integer, class Floating>
 Integer Cut(Floating value)
 {
@@ -19,8 +19,8 @@ Integer Cut(Floating value)
     return whole >= -limit && whole < limit ? static_cast<Integer>(whole) : LOWEST;
 }
 
-/// Converts between arithmetic types without any range check: an integer target keeps the low bits, a floating source is cut
-/// toward zero to the next wider integer first, 32 bits for targets up to int and 64 beyond.
+/// Converts between arithmetic types without any range check: an integer target keeps the low bits, a floating source
+/// is cut toward zero to the next wider integer first, 32 bits for targets up to int and 64 beyond.
 template<class Target, class Source>
 Target ConvertNumber(Source value)
 {

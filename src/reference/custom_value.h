@@ -53,7 +53,8 @@ auto WithStandardValue(const CConstRefrence& custom, Use&& use)
 {
     const void* const object = custom.ValueAddress();
     const auto convert = CustomInfor(custom.TypeInfor).ToValue;
-    if (object == nullptr || convert == nullptr || !HasOwnLayout(custom.TypeInfor)) return use(StandardValueInPlace(custom));
+    if (object == nullptr || convert == nullptr || !HasOwnLayout(custom.TypeInfor))
+        return use(StandardValueInPlace(custom));
     const CMadeValue value;
     convert(object, value.Get());
     return use(static_cast<const CConstRefrence&>(value.AsRefrence()));

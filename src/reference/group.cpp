@@ -100,12 +100,18 @@ void CGnlClass::Add(const std::string& name, const CConstRefrence& ref) { AddNam
 void CGnlClass::Add(const CConstRefrence& ref) { Indexed.push_back(ref); }
 bool CGnlClass::Remove(const std::string& name) { return Named.erase(name) != 0; }
 
-bool CGnlClass::FindAttribByName(CConstRefrence& out, const std::string& name) const { return FindNamed(*this, out, name); }
+bool CGnlClass::FindAttribByName(CConstRefrence& out, const std::string& name) const
+{
+    return FindNamed(*this, out, name);
+}
 bool CGnlClass::FindAttribByFlatName(CConstRefrence& out, const std::string& path) const
 {
     return FindPath(*this, out, path, [&](const std::string& rest) { return DescendFrom(out, rest); });
 }
-bool CGnlClass::FindAttribByIndex(CConstRefrence& out, unsigned long index) const { return FindIndexed(*this, out, index); }
+bool CGnlClass::FindAttribByIndex(CConstRefrence& out, unsigned long index) const
+{
+    return FindIndexed(*this, out, index);
+}
 
 } // namespace vexa
 
@@ -113,8 +119,8 @@ namespace vexa::core {
 
 namespace {
 
-/// The generic classes that are being cleared on this thread, the innermost first: one that leads back to itself would be
-/// cleared for ever.
+/// The generic classes that are being cleared on this thread, the innermost first: one that leads back to itself would
+/// be cleared for ever.
 class CClearing {
 public:
     explicit CClearing(const void* record) : m_record(record), m_outer(t_innermost) { t_innermost = this; }
@@ -125,7 +131,8 @@ public:
     bool IsInsideItself() const
     {
         const CClearing* outer = m_outer;
-        while (outer != nullptr && outer->m_record != m_record) outer = outer->m_outer;
+        while (outer != nullptr && outer->m_record != m_record)
+            outer = outer->m_outer;
         return outer != nullptr;
     }
 
@@ -146,7 +153,8 @@ void ClearRecord<CGnlClass>(void* record)
 {
     const CClearing clearing(record);
     if (clearing.IsInsideItself()) return;
-    for (auto& [name, ref] : static_cast<CGnlClass*>(record)->Named) CRefrence(ref.TypeInfor, ref.Address).Clear();
+    for (auto& [name, ref] : static_cast<CGnlClass*>(record)->Named)
+        CRefrence(ref.TypeInfor, ref.Address).Clear();
 }
 
 template<>

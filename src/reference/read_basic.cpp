@@ -20,11 +20,12 @@ namespace {
 
 void LogNotConvertible(const CConstRefrence& source, const char* target)
 {
-    helper::LogError("%s type CStdBasicTypeConstRefrence can not be converted to %s", source.TypeName().c_str(), target);
+    helper::LogError("%s type CStdBasicTypeConstRefrence can not be converted to %s", source.TypeName().c_str(),
+                     target);
 }
 
-/// How a text becomes a number. long long goes through a floating number and long double through an integer, so that a text
-/// with an exponent or a fraction reads differently from its neighbours long and double.
+/// How a text becomes a number. long long goes through a floating number and long double through an integer, so that a
+/// text with an exponent or a fraction reads differently from its neighbours long and double.
 enum class TextParser { Truth, Integer, Floating };
 
 template<class Target>

@@ -26,8 +26,10 @@ namespace {
 void ClearUnions(const CClassConstRefrence& object)
 {
     std::vector<CRefrence> active;
-    for (const auto& attrib : object.Attribs()) active.emplace_back(attrib.Value().TypeInfor, attrib.Value().Address);
-    for (CRefrence& attrib : active) attrib.Clear();
+    for (const auto& attrib : object.Attribs())
+        active.emplace_back(attrib.Value().TypeInfor, attrib.Value().Address);
+    for (CRefrence& attrib : active)
+        attrib.Clear();
 }
 
 void ClearClass(const CClassConstRefrence& object)
@@ -65,11 +67,16 @@ void CRefrence::Clear()
     }
     void* const value = Address != nullptr && !TypeInfor.Has(HF_CONST) ? TypeInfor.ValueAddress(Address) : nullptr;
     if (value == nullptr) return;
-    if (code == DT_CLASS) ClearClass(AsClass());
-    else if (TypeInfor.IsContainer()) AsContainer().Clear();
-    else if (code == DT_CUSTOM_BASIC) ClearCustom(*this);
-    else if (clearRecord != nullptr) clearRecord(value);
-    else AsStdBasicType().Clear();
+    if (code == DT_CLASS)
+        ClearClass(AsClass());
+    else if (TypeInfor.IsContainer())
+        AsContainer().Clear();
+    else if (code == DT_CUSTOM_BASIC)
+        ClearCustom(*this);
+    else if (clearRecord != nullptr)
+        clearRecord(value);
+    else
+        AsStdBasicType().Clear();
 }
 
 void CStdBasicTypeRefrence::Clear()
@@ -78,9 +85,9 @@ void CStdBasicTypeRefrence::Clear()
     if (value == nullptr) return;
     core::VisitBasicType(TypeInfor.DataType, [&](auto type) {
         using T = typename decltype(type)::Type;
-        // Numbers are emptied at the address itself, objects where the value lives: the two differ for a pointer that is never
-        // null, which is zeroed, and its pointee left alone. A string is told by where it lives too, since the memory of a
-        // pointer or a wrapper is none.
+        // Numbers are emptied at the address itself, objects where the value lives: the two differ for a pointer that
+        // is never null, which is zeroed, and its pointee left alone. A string is told by where it lives too, since the
+        // memory of a pointer or a wrapper is none.
         if constexpr (type.IS_NUMBER) {
             std::memset(Address, 0, TypeInfor.Has(HF_POINTER) ? std::min(sizeof(T), sizeof(void*)) : sizeof(T));
         } else if constexpr (std::is_same_v<T, std::string>) {

@@ -50,7 +50,8 @@ CStdBasicTypeRefrence& StoreNumber(CStdBasicTypeRefrence& target, Source source)
     return target;
 }
 
-/// Stores a text into any type that is assigned from one. \return whether the target is such a type and could be written.
+/// Stores a text into any type that is assigned from one. \return whether the target is such a type and could be
+/// written.
 template<class Assign>
 bool StoreText(CStdBasicTypeRefrence& target, Assign&& assign)
 {
@@ -79,8 +80,10 @@ CStdBasicTypeRefrence& RefuseText(CStdBasicTypeRefrence& target, const char* sou
 CStdBasicTypeRefrence& StoreNull(CStdBasicTypeRefrence& target, const std::string& source)
 {
     const bool isReadOnly = target.TypeInfor.Has(HF_CONST) && !target.TypeInfor.Has(HF_POINTER);
-    if (isReadOnly) LogNotConvertible(source.c_str(), target);
-    else target.SetNull();
+    if (isReadOnly)
+        LogNotConvertible(source.c_str(), target);
+    else
+        target.SetNull();
     return target;
 }
 
@@ -89,8 +92,10 @@ template<DataTypeEnum CODE, class T>
 CStdBasicTypeRefrence& StoreObject(CStdBasicTypeRefrence& target, const T& value)
 {
     void* const address = target.TypeInfor.DataType == CODE ? WritableAddress(target) : nullptr;
-    if (address != nullptr) *static_cast<T*>(address) = value;
-    else LogNotConvertible(core::TypeRow(CODE).Name, target);
+    if (address != nullptr)
+        *static_cast<T*>(address) = value;
+    else
+        LogNotConvertible(core::TypeRow(CODE).Name, target);
     return target;
 }
 
@@ -145,8 +150,10 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const char* value)
 {
     if (value == nullptr) return StoreNull(*this, "const char*");
     const bool isStored = StoreText(*this, [&](auto& target) {
-        if constexpr (std::is_same_v<decltype(target), std::string&>) target.assign(value);
-        else target = std::string(value);
+        if constexpr (std::is_same_v<decltype(target), std::string&>)
+            target.assign(value);
+        else
+            target = std::string(value);
     });
     return isStored ? *this : RefuseText(*this, "const char*");
 }
@@ -155,8 +162,10 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const tm& value)
 {
     if (TypeInfor.DataType != DT_DATETIME) return StoreObject<DT_TM>(*this, value);
     void* const address = WritableAddress(*this);
-    if (address != nullptr) *static_cast<CDateTime*>(address) = value;
-    else LogNotConvertible("tm", *this);
+    if (address != nullptr)
+        *static_cast<CDateTime*>(address) = value;
+    else
+        LogNotConvertible("tm", *this);
     return *this;
 }
 
@@ -169,8 +178,10 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const CDateTime& value)
 {
     if (TypeInfor.DataType != DT_TM) return StoreObject<DT_DATETIME>(*this, value);
     void* const address = WritableAddress(*this);
-    if (address != nullptr) *static_cast<tm*>(address) = value.As_tm(false);
-    else LogNotConvertible("vexa::CDateTime", *this);
+    if (address != nullptr)
+        *static_cast<tm*>(address) = value.As_tm(false);
+    else
+        LogNotConvertible("vexa::CDateTime", *this);
     return *this;
 }
 
@@ -215,9 +226,12 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFromMemBlock(const char* data,
     } else {
         isStored = StoreText(*this, [&](auto& target) {
             using T = std::remove_reference_t<decltype(target)>;
-            if constexpr (std::is_same_v<T, std::string>) target = data != nullptr ? std::string(data, length) : std::string();
-            else if constexpr (std::is_same_v<T, CBinary>) target.CopyFrom(data, length, 0);
-            else target = std::string(data);
+            if constexpr (std::is_same_v<T, std::string>)
+                target = data != nullptr ? std::string(data, length) : std::string();
+            else if constexpr (std::is_same_v<T, CBinary>)
+                target.CopyFrom(data, length, 0);
+            else
+                target = std::string(data);
         });
     }
     if (!isStored) helper::LogError("%s type can not call ReadFromMemBlock", TypeName().c_str());

@@ -23,7 +23,8 @@ public:
     /// \return whether something is left behind the blanks.
     bool SkipBlanks()
     {
-        while (m_next != m_end && IsBlank(*m_next)) ++m_next;
+        while (m_next != m_end && IsBlank(*m_next))
+            ++m_next;
         return m_next != m_end;
     }
     const char* Next() const { return m_next; }
@@ -35,7 +36,8 @@ private:
     static constexpr std::array<bool, 256> MakeBlanks()
     {
         std::array<bool, 256> blanks{};
-        for (const std::size_t byte : {0x20U, 0x09U, 0x0AU, 0x0DU}) blanks[byte] = true;
+        for (const std::size_t byte : {0x20U, 0x09U, 0x0AU, 0x0DU})
+            blanks[byte] = true;
         return blanks;
     }
     static bool IsBlank(char byte)

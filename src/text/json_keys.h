@@ -19,12 +19,13 @@ struct CObjectCodes {
     int NoBrace, EndsBeforeKey, NoKey, KeyNotClosed, NoColon, NoValue, EndsAfterValue, NoSeparator;
 };
 
-inline constexpr CObjectCodes CLASS_CODES = {CLASS_NO_BRACE, CLASS_ENDS_BEFORE_KEY, CLASS_NO_KEY,           CLASS_KEY_NOT_CLOSED,
-                                      CLASS_NO_COLON, CLASS_NO_VALUE,        CLASS_ENDS_AFTER_VALUE, CLASS_NO_SEPARATOR};
+inline constexpr CObjectCodes CLASS_CODES = {CLASS_NO_BRACE,         CLASS_ENDS_BEFORE_KEY, CLASS_NO_KEY,
+                                             CLASS_KEY_NOT_CLOSED,   CLASS_NO_COLON,        CLASS_NO_VALUE,
+                                             CLASS_ENDS_AFTER_VALUE, CLASS_NO_SEPARATOR};
 
-inline constexpr CObjectCodes GENERIC_CODES = {GENERIC_NO_BRACE,       GENERIC_ENDS_BEFORE_KEY, GENERIC_NO_KEY,
-                                        GENERIC_KEY_NOT_CLOSED, GENERIC_NO_COLON,        GENERIC_NO_VALUE,
-                                        GENERIC_ENDS_AFTER_VALUE, GENERIC_NO_SEPARATOR};
+inline constexpr CObjectCodes GENERIC_CODES = {GENERIC_NO_BRACE,         GENERIC_ENDS_BEFORE_KEY, GENERIC_NO_KEY,
+                                               GENERIC_KEY_NOT_CLOSED,   GENERIC_NO_COLON,        GENERIC_NO_VALUE,
+                                               GENERIC_ENDS_AFTER_VALUE, GENERIC_NO_SEPARATOR};
 
 /// Finds the entries of a generic object by their keys.
 class CGenericKeys {
@@ -41,8 +42,8 @@ private:
     const CGnlClass& m_object;
 };
 
-/// Finds the attributes of one object by their keys. Text that was written from such an object has them in the order of the
-/// class, so the next few records are tried before the index.
+/// Finds the attributes of one object by their keys. Text that was written from such an object has them in the order of
+/// the class, so the next few records are tried before the index.
 class CClassKeys {
 public:
     explicit CClassKeys(const CClassConstRefrence& object)

@@ -100,15 +100,24 @@ CJsonLength MeasureBasic(const CConstRefrence& ref)
     core::VisitBasicType(ref.TypeInfor.DataType, [&](auto type) {
         using T = typename decltype(type)::Type;
         decltype(auto) value = core::Load<T>(address);
-        if constexpr (std::is_floating_point_v<T>) length = MeasureFloating(value);
-        else if constexpr (std::is_same_v<T, bool>) length = Within(value ? 4 : 5);
-        else if constexpr (type.IS_NUMBER) length = MeasureInteger(type, value);
-        else if constexpr (std::is_same_v<T, std::string>) length = MeasureText(value.data(), value.size());
-        else if constexpr (std::is_same_v<T, CBinary>) length = Within(3 * value.Size + 2);
-        else if constexpr (std::is_same_v<T, CNumeric>) length = Within(NumericLength(value) + 2);
-        else if constexpr (std::is_same_v<T, tm>) length = MeasureTime(ref, value);
-        else if constexpr (std::is_same_v<T, CDateTime>) length = Within(22);
-        else length = MeasureText(static_cast<const char*>(address), std::strlen(static_cast<const char*>(address)));
+        if constexpr (std::is_floating_point_v<T>)
+            length = MeasureFloating(value);
+        else if constexpr (std::is_same_v<T, bool>)
+            length = Within(value ? 4 : 5);
+        else if constexpr (type.IS_NUMBER)
+            length = MeasureInteger(type, value);
+        else if constexpr (std::is_same_v<T, std::string>)
+            length = MeasureText(value.data(), value.size());
+        else if constexpr (std::is_same_v<T, CBinary>)
+            length = Within(3 * value.Size + 2);
+        else if constexpr (std::is_same_v<T, CNumeric>)
+            length = Within(NumericLength(value) + 2);
+        else if constexpr (std::is_same_v<T, tm>)
+            length = MeasureTime(ref, value);
+        else if constexpr (std::is_same_v<T, CDateTime>)
+            length = Within(22);
+        else
+            length = MeasureText(static_cast<const char*>(address), std::strlen(static_cast<const char*>(address)));
     });
     return length;
 }

@@ -60,9 +60,12 @@ private:
         if (m_depth == MAX_NESTING_DEPTH) return NESTED_TOO_DEEP;
         ++m_depth;
         int code = 0;
-        if (target.TypeInfor.DataType == DT_CLASS) code = ReadClass(target);
-        else if (target.TypeInfor.DataType == DT_GNL_CLASS) code = ReadGeneric(target);
-        else code = ReadArray(target);
+        if (target.TypeInfor.DataType == DT_CLASS)
+            code = ReadClass(target);
+        else if (target.TypeInfor.DataType == DT_GNL_CLASS)
+            code = ReadGeneric(target);
+        else
+            code = ReadArray(target);
         --m_depth;
         return code;
     }
@@ -80,7 +83,8 @@ private:
         if (!target.TypeInfor.IsStringTypeEx()) return BASIC_UNREADABLE;
         target.SetNotNull();
         auto* const string = static_cast<std::string*>(reference::StandardValueInPlace(target).ValueAddress());
-        return string != nullptr && ReadJsonString(*string, m_cursor) == 0 ? 0 : static_cast<int>(CUSTOM_STRING_UNREADABLE);
+        return string != nullptr && ReadJsonString(*string, m_cursor) == 0 ? 0
+                                                                           : static_cast<int>(CUSTOM_STRING_UNREADABLE);
     }
 
     /// A custom value that only its converter can set: the text tells the type of the standard value.
@@ -103,8 +107,10 @@ private:
         bool truth = false;
         long long number = 0;
         CRefrence read(CGnlTypeInfor(DT_LONG_LONG), &number);
-        if (m_cursor.IsAt('"')) read = CRefrence(CGnlTypeInfor(DT_STD_STRING), &string);
-        else if (m_cursor.IsAt('t') || m_cursor.IsAt('f')) read = CRefrence(CGnlTypeInfor(DT_BOOL), &truth);
+        if (m_cursor.IsAt('"'))
+            read = CRefrence(CGnlTypeInfor(DT_STD_STRING), &string);
+        else if (m_cursor.IsAt('t') || m_cursor.IsAt('f'))
+            read = CRefrence(CGnlTypeInfor(DT_BOOL), &truth);
         const int code = ReadValue(read);
         if (code == 0) reference::AssignValue(value.Get(), read.AsStdBasicType());
         return code;
@@ -157,7 +163,8 @@ private:
     {
         if (!m_cursor.IsAt('{')) return GENERIC_CODES.NoBrace;
         const auto* const object = static_cast<const CGnlClass*>(target.ValueAddress());
-        return object != nullptr ? ReadMembers(CGenericKeys(*object), GENERIC_CODES) : static_cast<int>(KIND_UNREADABLE);
+        return object != nullptr ? ReadMembers(CGenericKeys(*object), GENERIC_CODES)
+                                 : static_cast<int>(KIND_UNREADABLE);
     }
 
     /// Stands before the brace.
@@ -200,7 +207,8 @@ private:
         const CContainerInfor& infor = container.ContainerInfor();
         if (container.ValueAddress() == nullptr || target.TypeInfor.DataType == DT_BITSET) return KIND_UNREADABLE;
         if (target.TypeInfor.DataType == DT_ARRAY) return ReadSlots(container);
-        if (!target.TypeInfor.IsAssociative()) return infor.Append != nullptr ? ReadAppended(container) : KIND_UNREADABLE;
+        if (!target.TypeInfor.IsAssociative())
+            return infor.Append != nullptr ? ReadAppended(container) : KIND_UNREADABLE;
         if (infor.Insert == nullptr || infor.ElementType.WrapperKind() == HF_MAY_NULL) return KIND_UNREADABLE;
         return infor.ElementType.Has(HF_POINTER) ? ReadInsertedPointers(container) : ReadInserted(container);
     }

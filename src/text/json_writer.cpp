@@ -121,7 +121,8 @@ public:
             m_sink.Basic(ref, ref);
         } else if (code == DT_CUSTOM_BASIC) {
             reference::WithStandardValue(ref, [&](const CConstRefrence& value) { m_sink.Basic(ref, value); });
-        } else if (code == DT_CLASS || ref.TypeInfor.IsContainer() || code == DT_GNL_CLASS || code == DT_REFERENCE_GROUP) {
+        } else if (code == DT_CLASS || ref.TypeInfor.IsContainer() || code == DT_GNL_CLASS ||
+                   code == DT_REFERENCE_GROUP) {
             WalkNesting(ref, outer);
         } else {
             m_sink.Unsupported(ref);
@@ -167,7 +168,8 @@ private:
     {
         if (ref.ValueAddress() == nullptr) return true;
         return ref.TypeInfor.DataType == DT_CUSTOM_BASIC && reference::HasOwnLayout(ref.TypeInfor) &&
-               reference::WithStandardValue(ref, [](const CConstRefrence& value) { return value.ValueAddress() == nullptr; });
+               reference::WithStandardValue(
+                   ref, [](const CConstRefrence& value) { return value.ValueAddress() == nullptr; });
     }
 
     void WalkClass(const CClassConstRefrence& object, const text::CNesting& nesting)

@@ -24,8 +24,10 @@ void ListElements(std::string& out, const CContainerConstRefrence& container, ch
     for (const CConstRefrence& element : container) {
         if (!isFirst) out += separator;
         isFirst = false;
-        if (element.ValueAddress() == nullptr) out += "NULL";
-        else append(element);
+        if (element.ValueAddress() == nullptr)
+            out += "NULL";
+        else
+            append(element);
     }
 }
 

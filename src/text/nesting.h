@@ -9,8 +9,8 @@ namespace vexa::text {
 
 /// One object on the way from the top of a walk to where it is now: a chain of these lies on the stack.
 ///
-/// Objects that point to each other would be walked for ever, and a long chain of them would use up the thread's stack. So
-/// a walk does not enter an object that it is inside of already, nor one below MAX_NESTING_DEPTH.
+/// Objects that point to each other would be walked for ever, and a long chain of them would use up the thread's stack.
+/// So a walk does not enter an object that it is inside of already, nor one below MAX_NESTING_DEPTH.
 class CNesting {
 public:
     explicit CNesting(const CConstRefrence& top) : CNesting(nullptr, top) {}
@@ -20,7 +20,8 @@ public:
 
     static void LogNotEntered(const CConstRefrence& ref)
     {
-        helper::LogError("%s type is nested in itself or deeper than %lu levels", ref.TypeName().c_str(), MAX_NESTING_DEPTH);
+        helper::LogError("%s type is nested in itself or deeper than %lu levels", ref.TypeName().c_str(),
+                         MAX_NESTING_DEPTH);
     }
 
 private:
@@ -32,7 +33,8 @@ private:
     /// Only these lead back to where the walk has come from; the entries of a group are references, that is pointers.
     static bool IsReachedByPointer(const CGnlTypeInfor& type)
     {
-        return type.Has(Enum::HF_POINTER) || type.DataType == Enum::DT_GNL_CLASS || type.DataType == Enum::DT_REFERENCE_GROUP;
+        return type.Has(Enum::HF_POINTER) || type.DataType == Enum::DT_GNL_CLASS ||
+               type.DataType == Enum::DT_REFERENCE_GROUP;
     }
     bool IsInsideItself() const
     {

@@ -73,10 +73,12 @@ private:
     {
         const void* const record = ref.ValueAddress();
         switch (ref.TypeInfor.DataType) {
-        case DT_VALUE: return RenderValue(*static_cast<const CConstRefrence*>(record), place, outer); // it is a reference
+        case DT_VALUE:
+            return RenderValue(*static_cast<const CConstRefrence*>(record), place, outer); // it is a reference
         case DT_ROW: return text::AppendRow(m_out, *static_cast<const CRow*>(record), m_format);
         case DT_TABLE:
-            return text::AppendTable(m_out, *static_cast<const CTable*>(record), m_format, 2 * place.Level, place.BreaksLine);
+            return text::AppendTable(m_out, *static_cast<const CTable*>(record), m_format, 2 * place.Level,
+                                     place.BreaksLine);
         default: LogUnsupported(ref);
         }
     }
@@ -86,10 +88,14 @@ private:
         const text::CNesting nesting = outer != nullptr ? text::CNesting(*outer, ref) : text::CNesting(ref);
         if (!nesting.IsEntered()) return text::CNesting::LogNotEntered(ref);
         const unsigned char code = ref.TypeInfor.DataType;
-        if (code == DT_CLASS) RenderClass(ref.AsClass(), place, nesting);
-        else if (code == DT_GNL_CLASS) RenderGroup(*static_cast<const CGnlClass*>(ref.ValueAddress()), place, &nesting);
-        else if (code == DT_REFERENCE_GROUP) RenderGroup(*static_cast<const CReferenceGroup*>(ref.ValueAddress()), place, &nesting);
-        else RenderContainer(ref.AsContainer(), place, nesting);
+        if (code == DT_CLASS)
+            RenderClass(ref.AsClass(), place, nesting);
+        else if (code == DT_GNL_CLASS)
+            RenderGroup(*static_cast<const CGnlClass*>(ref.ValueAddress()), place, &nesting);
+        else if (code == DT_REFERENCE_GROUP)
+            RenderGroup(*static_cast<const CReferenceGroup*>(ref.ValueAddress()), place, &nesting);
+        else
+            RenderContainer(ref.AsContainer(), place, nesting);
     }
 
     void RenderFixed(const char* text)
@@ -124,8 +130,10 @@ private:
             isFirst = false;
             if (m_hasTypes) m_out.append(attrib.Infor().TypeInfor.TypeName()).append(" ");
             m_out.append(attrib.Name()).append(": ");
-            if (attrib.Infor().IsMasked) RenderFixed("***");
-            else if (m_hasValues) RenderValue(attrib.Value(), place.Inner(true), &nesting);
+            if (attrib.Infor().IsMasked)
+                RenderFixed("***");
+            else if (m_hasValues)
+                RenderValue(attrib.Value(), place.Inner(true), &nesting);
         }
     }
 
@@ -134,7 +142,8 @@ private:
     void RenderGroup(const Group& group, CPlace place, const text::CNesting* nesting)
     {
         bool isFirst = true;
-        for (const auto& [name, ref] : group.Named) RenderEntry(name, ref, std::exchange(isFirst, false), place, nesting);
+        for (const auto& [name, ref] : group.Named)
+            RenderEntry(name, ref, std::exchange(isFirst, false), place, nesting);
         for (std::size_t index = 0; index < group.Indexed.size(); ++index) {
             RenderEntry("column " + std::to_string(index), group.Indexed[index], index == 0, place, nesting);
         }

@@ -76,8 +76,8 @@ void CAttribIDMap::AddAttrib(const CClassInfor& owner, short key, const CAttribI
         slot = &OtherIDs[key];
     }
     if (*slot != nullptr) {
-        helper::LogError("The class %s's attribute %s's attribID \"%d\" is conflict with attribute %s.", owner.Name.c_str(),
-                         record->Name.c_str(), key, (*slot)->Name.c_str());
+        helper::LogError("The class %s's attribute %s's attribID \"%d\" is conflict with attribute %s.",
+                         owner.Name.c_str(), record->Name.c_str(), key, (*slot)->Name.c_str());
     }
     *slot = record;
 }

@@ -37,7 +37,8 @@ CAttribInfor& CClassInfor::AddAttribInfor(Enum::AccessSpecifierEnum access, unsi
 
 void CClassInfor::InitBaseClass(const std::vector<CBaseClassInfor>& bases)
 {
-    for (const CBaseClassInfor& base : bases) InheritFromBaseClass_Impl(base.Offset, *base.ClassInfor);
+    for (const CBaseClassInfor& base : bases)
+        InheritFromBaseClass_Impl(base.Offset, *base.ClassInfor);
 }
 
 void CClassInfor::InheritFromBaseClass_Impl(unsigned long offset, const CClassInfor& base)

@@ -30,15 +30,15 @@ void Register(CCustomBasicTypeInfor*& slot, const CCustomRegistration& request)
 
 } // namespace
 
-void CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(CCustomBasicTypeInfor*& slot, const char* name, unsigned long size,
-                                                        void* (*newFn)(), void (*deleteFn)(void*),
+void CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(CCustomBasicTypeInfor*& slot, const char* name,
+                                                        unsigned long size, void* (*newFn)(), void (*deleteFn)(void*),
                                                         const CGnlTypeInfor& underlying, unsigned long valueOffset)
 {
     Register(slot, {name, size, newFn, deleteFn, underlying, 0, valueOffset});
 }
 
-void CCustomBasicTypeInfor::InitCustomAnyBasicTypeInfor(CCustomBasicTypeInfor*& slot, const char* name, unsigned long size,
-                                                        void* (*newFn)(), void (*deleteFn)(void*),
+void CCustomBasicTypeInfor::InitCustomAnyBasicTypeInfor(CCustomBasicTypeInfor*& slot, const char* name,
+                                                        unsigned long size, void* (*newFn)(), void (*deleteFn)(void*),
                                                         const CGnlTypeInfor& underlying, unsigned int customTypeID)
 {
     Register(slot, {name, size, newFn, deleteFn, underlying, customTypeID, 0});

@@ -1,4 +1,5 @@
-// Building the descriptors of described classes, containers and types, in an order that makes each as complete as it can be.
+// Building the descriptors of described classes, containers and types, in an order that makes each as complete as it
+// can be.
 
 #include <vexa/detail/description.h>
 
@@ -42,8 +43,8 @@ const CSurvey& SurveyOf(CClassSlot& slot)
     return *slot.Surveyed;
 }
 
-/// \p from and every class that is named on the way from it through \p edges, in the order in which they are met, so that every
-/// run builds the same descriptors.
+/// \p from and every class that is named on the way from it through \p edges, in the order in which they are met, so
+/// that every run builds the same descriptors.
 Classes Reached(CClassSlot& from, Classes CSurvey::*edges)
 {
     Classes reached{&from};
@@ -62,9 +63,9 @@ bool IsPartOf(CClassSlot& part, CClassSlot& whole)
     return std::find(parts.begin(), parts.end(), &part) != parts.end();
 }
 
-/// A class that this one refers to and that holds this one as a base or by value must take over its finished records. So it is
-/// started first: it asks for this one while it is in progress, and this one, which only refers to it, needs no more than
-/// its address.
+/// A class that this one refers to and that holds this one as a base or by value must take over its finished records.
+/// So it is started first: it asks for this one while it is in progress, and this one, which only refers to it, needs
+/// no more than its address.
 void BuildWholesFirst(CClassSlot& slot)
 {
     for (CClassSlot* const other : Reached(slot, &CSurvey::All)) {
@@ -132,8 +133,9 @@ bool IsReachable(const CClassInfor& owner, const char* attrib, unsigned long off
     return false;
 }
 
-/// After the records of a base that does not lie at the start of the object have been taken over: leaves out what an offset
-/// cannot express, and lets union members read their selector where it lies in this object instead of in the base.
+/// After the records of a base that does not lie at the start of the object have been taken over: leaves out what an
+/// offset cannot express, and lets union members read their selector where it lies in this object instead of in the
+/// base.
 void SettleInherited(CClassInfor& derived, std::size_t first, unsigned long offset, const CClassInfor& base)
 {
     std::map<const CAttribInfor*, const CAttribInfor*> copies;
@@ -197,8 +199,8 @@ CAttribDescription& CAttribDescription::ActiveWhen(const char* selector, short v
 {
     if (m_record == nullptr) return *this;
     const auto& records = m_owner->AttribList;
-    const auto found =
-        std::find_if(records.begin(), records.end(), [&](const CAttribInfor& record) { return record.Name == selector; });
+    const auto found = std::find_if(records.begin(), records.end(),
+                                    [&](const CAttribInfor& record) { return record.Name == selector; });
     if (found == records.end() || &*found == m_record) {
         helper::LogError("The class %s's attribute %s names an unknown union selector %s", m_owner->Name.c_str(),
                          m_record->Name.c_str(), selector);

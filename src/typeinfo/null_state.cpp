@@ -22,8 +22,8 @@ void* StoredPointer(const void* holder)
 
 void StorePointer(void* holder, void* pointer) { std::memcpy(holder, &pointer, sizeof pointer); }
 
-/// Whether the null state is that of a pointer variable. A value that keeps its own state can be nulled through a pointer
-/// even if it is not marked nullable.
+/// Whether the null state is that of a pointer variable. A value that keeps its own state can be nulled through a
+/// pointer even if it is not marked nullable.
 bool IsNullablePointer(const CGnlTypeInfor& type)
 {
     return type.Has(HF_POINTER) && (type.Has(HF_NULLABLE) || type.DataType == DT_VALUE);

@@ -83,8 +83,8 @@ CClassInfor* CreateDescriptor(const CClassRegistration& request, ClassesInProgre
     return created;
 }
 
-/// A class that refers to itself, or to one that refers back, is asked for again while it is in progress. It then gets its
-/// incomplete descriptor, whose address is all that is needed.
+/// A class that refers to itself, or to one that refers back, is asked for again while it is in progress. It then gets
+/// its incomplete descriptor, whose address is all that is needed.
 CClassInfor* Register(const CClassRegistration& request, ClassesInProgress& inProgress)
 {
     typeinfo::EnterRegistration();
@@ -120,8 +120,9 @@ CClassInfor* CClassInfor::InitClassInfor(CClassInfor*& slot, const char* name, u
 }
 
 CClassInfor* CClassInfor::InitClassInforWithBaseClass(CClassInfor*& slot, const char* name, unsigned long size,
-                                                      void* (*newFn)(), void (*deleteFn)(void*), DescribeFunction describe,
-                                                      const CClassInfor& base, unsigned long baseOffset)
+                                                      void* (*newFn)(), void (*deleteFn)(void*),
+                                                      DescribeFunction describe, const CClassInfor& base,
+                                                      unsigned long baseOffset)
 {
     return Register({slot, name, size, newFn, deleteFn, describe, &base, baseOffset}, DerivedClassesInProgress());
 }

@@ -26,10 +26,7 @@ void ExpectEmpty(const CBinary& binary)
     EXPECT_EQ('\0', CBinary::s_NullChar);
 }
 
-CBinary Of(const std::string& bytes)
-{
-    return CBinary(bytes);
-}
+CBinary Of(const std::string& bytes) { return CBinary(bytes); }
 
 TEST(BinaryConstruction, OfNothingIsEmpty)
 {
@@ -40,15 +37,9 @@ TEST(BinaryConstruction, OfNothingIsEmpty)
     ExpectEmpty(CBinary(""s));
 }
 
-TEST(BinaryConstruction, OfALengthGivesZeroBytes)
-{
-    EXPECT_EQ("\0\0\0"s, BytesOf(CBinary(3)));
-}
+TEST(BinaryConstruction, OfALengthGivesZeroBytes) { EXPECT_EQ("\0\0\0"s, BytesOf(CBinary(3))); }
 
-TEST(BinaryConstruction, OfMemoryCopiesIt)
-{
-    EXPECT_EQ("ab\0c"s, BytesOf(CBinary("ab\0cd", 4)));
-}
+TEST(BinaryConstruction, OfMemoryCopiesIt) { EXPECT_EQ("ab\0c"s, BytesOf(CBinary("ab\0cd", 4))); }
 
 TEST(BinaryConstruction, OfAnotherCopiesTheBytes)
 {

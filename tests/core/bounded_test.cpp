@@ -33,10 +33,7 @@ int FormatWhole(char* dst, std::size_t dstSize, const char* format, ...)
     return result;
 }
 
-std::string Bytes(const char (&buffer)[9])
-{
-    return std::string(buffer, 8);
-}
+std::string Bytes(const char (&buffer)[9]) { return std::string(buffer, 8); }
 
 TEST(BoundedCopy, CopiesWhatFitsExactly)
 {

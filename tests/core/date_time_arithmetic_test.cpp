@@ -22,10 +22,7 @@ CDateTime OfWord(std::uint64_t word)
 }
 
 /// Packed dates, in their order.
-CDateTime Packed(std::uint64_t fields)
-{
-    return OfWord(kTop | fields);
-}
+CDateTime Packed(std::uint64_t fields) { return OfWord(kTop | fields); }
 
 TEST(DateTimeArithmetic, AddsEveryUnitInMilliseconds)
 {

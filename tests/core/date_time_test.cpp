@@ -35,15 +35,9 @@ tm Fields(unsigned year, unsigned month, unsigned day, unsigned hour, unsigned m
     return t;
 }
 
-CDateTime Utc(const tm& t)
-{
-    return CDateTime(&t, true);
-}
+CDateTime Utc(const tm& t) { return CDateTime(&t, true); }
 
-CDateTime Before1970()
-{
-    return Utc(Fields(1969, 12, 31, 23, 59, 59));
-}
+CDateTime Before1970() { return Utc(Fields(1969, 12, 31, 23, 59, 59)); }
 
 /// The packed word of 1969-12-31 23:59:59 UTC as DateTime2Tm sets the fields: day of the year and of the week 0,
 /// daylight saving -1, which is 3 in two bits.

@@ -79,25 +79,16 @@ TEST(Escape, AnEmptyTextWritesNothing)
     ExpectEscaped("", "");
 }
 
-TEST(Escape, TheSlashIsAlwaysEscaped)
-{
-    ExpectEscaped("a\\/b", "a/b");
-}
+TEST(Escape, TheSlashIsAlwaysEscaped) { ExpectEscaped("a\\/b", "a/b"); }
 
-TEST(Escape, TheEightNamedBytesTakeTwoCharacters)
-{
-    ExpectEscaped(R"(\"\\\/\b\f\n\r\t)", "\"\\/\b\f\n\r\t");
-}
+TEST(Escape, TheEightNamedBytesTakeTwoCharacters) { ExpectEscaped(R"(\"\\\/\b\f\n\r\t)", "\"\\/\b\f\n\r\t"); }
 
 TEST(Escape, OtherBytesOutsidePrintableAsciiTakeSixCharacters)
 {
     ExpectEscaped("\\u0001\\u007f\\u0000", "\x01\x7F\0"s);
 }
 
-TEST(Escape, EachByteOfAMultiByteCharacterIsEscapedByItself)
-{
-    ExpectEscaped("\\u00c3\\u00a9", "\xC3\xA9");
-}
+TEST(Escape, EachByteOfAMultiByteCharacterIsEscapedByItself) { ExpectEscaped("\\u00c3\\u00a9", "\xC3\xA9"); }
 
 TEST(Escape, APrintableTextStaysAsItIs)
 {

@@ -37,10 +37,7 @@ long NowUs()
     return now.tv_sec * 1000000 + now.tv_usec;
 }
 
-long StartUs(const CTimer& timer)
-{
-    return timer.StartSec * 1000000 + timer.StartUsec;
-}
+long StartUs(const CTimer& timer) { return timer.StartSec * 1000000 + timer.StartUsec; }
 
 void ExpectRestartedAfter(const CTimer& timer, long beforeUs)
 {

@@ -1,5 +1,5 @@
-// The first use of a type may come after everything static of the library is gone: from the destructor of an object that was
-// made before it. The program ends with 0 when the text is right even then.
+// The first use of a type may come after everything static of the library is gone: from the destructor of an object
+// that was made before it. The program ends with 0 when the text is right even then.
 
 #include <cstdlib>
 #include <list>

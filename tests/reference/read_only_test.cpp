@@ -63,7 +63,8 @@ TEST(ReadOnly, AStringBehindAPointerIsEmptiedWhereItLives)
 {
     std::string text = "text";
     std::string* pointer = &text;
-    vexa::CStdBasicTypeRefrence(vexa::CGnlTypeInfor(vexa::Enum::DT_STD_STRING, vexa::Enum::HF_POINTER), &pointer).Clear();
+    vexa::CStdBasicTypeRefrence(vexa::CGnlTypeInfor(vexa::Enum::DT_STD_STRING, vexa::Enum::HF_POINTER), &pointer)
+        .Clear();
     EXPECT_EQ(&text, pointer);
     EXPECT_EQ("", text);
 }

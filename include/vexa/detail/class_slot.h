@@ -11,13 +11,16 @@ namespace vexa::detail {
 template<class T>
 void* MakeObject()
 {
-    if constexpr (std::is_default_constructible_v<T>) return new T();
-    else return nullptr;
+    if constexpr (std::is_default_constructible_v<T>)
+        return new T();
+    else
+        return nullptr;
 }
 
 /// An abstract class without virtual destructor is never the whole object, and no one here knows what is.
 template<class T>
-inline constexpr bool CAN_DELETE = std::is_destructible_v<T> && (!std::is_abstract_v<T> || std::has_virtual_destructor_v<T>);
+inline constexpr bool CAN_DELETE = std::is_destructible_v<T> &&
+                                   (!std::is_abstract_v<T> || std::has_virtual_destructor_v<T>);
 
 // The object is one that MakeObject made, so a polymorphic class needs no virtual destructor.
 #pragma GCC diagnostic push
@@ -28,8 +31,10 @@ void DestroyObject(void* object)
     if constexpr (HOLDS_RAW_POINTERS<T>) {
         if (object != nullptr) Disown(*static_cast<T*>(object));
     }
-    if constexpr (std::is_array_v<T>) delete[] static_cast<std::remove_extent_t<T>*>(object);
-    else if constexpr (CAN_DELETE<T>) delete static_cast<T*>(object);
+    if constexpr (std::is_array_v<T>)
+        delete[] static_cast<std::remove_extent_t<T>*>(object);
+    else if constexpr (CAN_DELETE<T>)
+        delete static_cast<T*>(object);
 }
 #pragma GCC diagnostic pop
 
@@ -47,13 +52,19 @@ void DescribeTo(CDescription<T>& about)
 template<class T>
 constexpr const char* ClassNameOf()
 {
-    if constexpr (IS_PAIR<T>) return "std::pair";
-    else if constexpr (!IS_DESCRIBED<T>) return "";
-    else return VexaNameOf(static_cast<const CDescription<T>*>(nullptr));
+    if constexpr (IS_PAIR<T>)
+        return "std::pair";
+    else if constexpr (!IS_DESCRIBED<T>)
+        return "";
+    else
+        return VexaNameOf(static_cast<const CDescription<T>*>(nullptr));
 }
 
 template<class T>
-inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), sizeof(T), &MakeObject<T>, &DestroyObject<T>,
+inline CClassSlot CLASS_SLOT{ClassNameOf<T>(),
+                             sizeof(T),
+                             &MakeObject<T>,
+                             &DestroyObject<T>,
                              [](CClassInfor& infor, Enum::AccessSpecifierEnum) {
                                  CDescription<T> about(infor);
                                  DescribeTo(about);
@@ -66,7 +77,8 @@ inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), sizeof(T), &MakeObject<T>, &Destr
 template<class T>
 CClassSlot& ClassSlotOf()
 {
-    static_assert(CKind<T>::Source().DataType == Enum::DT_CLASS, "only a class has a class descriptor: use vexa::TypeInforOf");
+    static_assert(CKind<T>::Source().DataType == Enum::DT_CLASS,
+                  "only a class has a class descriptor: use vexa::TypeInforOf");
     static_cast<void>(TYPE_SOURCE<T>.DataType); // says that the class is not described
     return CLASS_SLOT<T>;
 }
@@ -84,7 +96,8 @@ void SurveyClass(CSurvey& survey, bool isByValue)
 }
 
 template<class T>
-inline CCustomSlot CUSTOM_SLOT{[](CCustomBasicTypeInfor*& descriptor) { VexaDescribeCustom(CCustomTag<T>(), descriptor); }};
+inline CCustomSlot CUSTOM_SLOT{
+    [](CCustomBasicTypeInfor*& descriptor) { VexaDescribeCustom(CCustomTag<T>(), descriptor); }};
 
 template<class T>
 const CTypeInforBase* CustomDetail()
@@ -97,7 +110,8 @@ template<class T, class M, class C>
 void DescribeStd(CCustomBasicTypeInfor*& descriptor, const char* name, M C::*member)
 {
     constexpr CTypeSource SOURCE = TYPE_SOURCE<M>;
-    static_assert(BASIC_CODE<M> != Enum::DT_UNKNOWN, "a custom type can wrap a plain value of a basic type only: use VEXA_DESCRIBE_CUSTOM_ANY");
+    static_assert(BASIC_CODE<M> != Enum::DT_UNKNOWN,
+                  "a custom type can wrap a plain value of a basic type only: use VEXA_DESCRIBE_CUSTOM_ANY");
     CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(descriptor, name, sizeof(T), &MakeObject<T>, &DestroyObject<T>,
                                                        MakeTypeInfor(SOURCE), OffsetOf<M, T>(member));
 }
@@ -106,9 +120,9 @@ void DescribeStd(CCustomBasicTypeInfor*& descriptor, const char* name, M C::*mem
 template<class T, class = void>
 inline constexpr bool CONVERTS_ITSELF = false;
 template<class T>
-inline constexpr bool CONVERTS_ITSELF<T, std::void_t<decltype(std::declval<const T&>().ToValue(std::declval<CValue&>())),
-                                                     decltype(std::declval<T&>().FromValue(std::declval<const CValue&>()))>> =
-    true;
+inline constexpr bool
+    CONVERTS_ITSELF<T, std::void_t<decltype(std::declval<const T&>().ToValue(std::declval<CValue&>())),
+                                   decltype(std::declval<T&>().FromValue(std::declval<const CValue&>()))>> = true;
 
 /// A custom type with a layout of its own.
 template<class T>
@@ -118,12 +132,16 @@ void DescribeAny(CCustomBasicTypeInfor*& descriptor, const char* name, unsigned 
     CCustomBasicTypeInfor::InitCustomAnyBasicTypeInfor(made, name, sizeof(T), &MakeObject<T>, &DestroyObject<T>,
                                                        CGnlTypeInfor(), customTypeID);
     made->ToValue = [](const void* value, CValue& out) {
-        if constexpr (CONVERTS_ITSELF<T>) static_cast<const T*>(value)->ToValue(out);
-        else ToValue(*static_cast<const T*>(value), out);
+        if constexpr (CONVERTS_ITSELF<T>)
+            static_cast<const T*>(value)->ToValue(out);
+        else
+            ToValue(*static_cast<const T*>(value), out);
     };
     made->FromValue = [](void* value, const CValue& in) {
-        if constexpr (CONVERTS_ITSELF<T>) static_cast<T*>(value)->FromValue(in);
-        else FromValue(*static_cast<T*>(value), in);
+        if constexpr (CONVERTS_ITSELF<T>)
+            static_cast<T*>(value)->FromValue(in);
+        else
+            FromValue(*static_cast<T*>(value), in);
     };
     descriptor = made;
 }
@@ -144,13 +162,12 @@ template<std::size_t SIZE>
 inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSET_NODE, 0, 0, 0, nullptr, nullptr};
 
 template<class Container>
-inline CContainerSlot CONTAINER_SLOT{
-    [](CContainerInfor& infor) {
-        infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container), &MakeObject<Container>, &DestroyObject<Container>,
-                               0);
-        CKind<Container>::Fill(infor);
-    },
-    [] { return MakeTypeInfor(ELEMENT_SOURCE<Container>); }};
+inline CContainerSlot CONTAINER_SLOT{[](CContainerInfor& infor) {
+                                         infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container),
+                                                                &MakeObject<Container>, &DestroyObject<Container>, 0);
+                                         CKind<Container>::Fill(infor);
+                                     },
+                                     [] { return MakeTypeInfor(ELEMENT_SOURCE<Container>); }};
 
 template<class Container>
 const CTypeInforBase* ContainerDetail()

@@ -17,8 +17,8 @@
 
 namespace vexa::detail {
 
-/// Frees what raw pointers in a value own, before the container that holds them lets go of them or goes away. Everything else
-/// releases itself.
+/// Frees what raw pointers in a value own, before the container that holds them lets go of them or goes away.
+/// Everything else releases itself.
 template<class T>
 void Disown(T& value)
 {
@@ -33,7 +33,8 @@ void Disown(T& value)
         Disown(value.first);
         Disown(value.second);
     } else if constexpr (HOLDS_RAW_POINTERS<Value>) {
-        for (auto& element : value) Disown(element);
+        for (auto& element : value)
+            Disown(element);
     }
 }
 
@@ -45,8 +46,7 @@ struct CWalkOperations {
     static void* AddressOf(Container& container, const Position& position, const Position& end)
     {
         static_cast<void>(container);
-        return position == end ? nullptr
-                               : const_cast<void*>(static_cast<const void*>(std::addressof(*position)));
+        return position == end ? nullptr : const_cast<void*>(static_cast<const void*>(std::addressof(*position)));
     }
     static void* Begin(void* container, void** first)
     {
@@ -125,21 +125,28 @@ struct CAssociativeOperations {
     using Inserted = decltype(std::declval<Container&>().insert(std::declval<Element>()));
     static constexpr bool IS_KEY_UNIQUE = !std::is_same_v<Inserted, typename Container::iterator>;
 
-    /// The container takes the contents of the element; what it does not take goes, so that the element may be used again.
+    /// The container takes the contents of the element; what it does not take goes, so that the element may be used
+    /// again.
     static void Insert(void* container, void* element)
     {
         auto& filled = *static_cast<Container*>(container);
         auto& taken = *static_cast<Element*>(element);
         // Asked first: a refused element that was moved from may have lost what its pointers designate.
-        if (HOLDS_RAW_POINTERS<Element> && IS_KEY_UNIQUE && filled.find(KeyOf(taken)) != filled.end()) Disown(taken);
-        else filled.insert(std::move(taken));
-        if constexpr (HOLDS_RAW_POINTERS<Element>) Forget(taken);
-        else if constexpr (IS_UNIQUE_POINTER<Element>) taken.reset();
+        if (HOLDS_RAW_POINTERS<Element> && IS_KEY_UNIQUE && filled.find(KeyOf(taken)) != filled.end())
+            Disown(taken);
+        else
+            filled.insert(std::move(taken));
+        if constexpr (HOLDS_RAW_POINTERS<Element>)
+            Forget(taken);
+        else if constexpr (IS_UNIQUE_POINTER<Element>)
+            taken.reset();
     }
     static const auto& KeyOf(const Element& element)
     {
-        if constexpr (std::is_same_v<Element, typename Container::key_type>) return element;
-        else return element.first;
+        if constexpr (std::is_same_v<Element, typename Container::key_type>)
+            return element;
+        else
+            return element.first;
     }
     template<class T>
     static void Forget(T& value)
@@ -167,7 +174,8 @@ struct CArrayOperations {
     static void Reset(Slot& slot)
     {
         if constexpr (std::is_array_v<Slot> || IS_STD_ARRAY<Slot>) {
-            for (auto& inner : slot) Reset(inner);
+            for (auto& inner : slot)
+                Reset(inner);
         } else if constexpr (std::is_default_constructible_v<Slot> && std::is_move_assignable_v<Slot>) {
             Disown(slot);
             slot = Slot();

@@ -21,8 +21,8 @@ public:
     CAttribDescription& Private() { return Access(Enum::AS_PRIVATE); }
     /// Its value is confidential: text shows "***" in its place.
     CAttribDescription& Masked();
-    /// It is a union member, active while the attribute \p selector, described before, has \p value. An unknown selector is
-    /// logged, and the attribute is then an ordinary one.
+    /// It is a union member, active while the attribute \p selector, described before, has \p value. An unknown
+    /// selector is logged, and the attribute is then an ordinary one.
     CAttribDescription& ActiveWhen(const char* selector, short value);
 
 private:
@@ -34,7 +34,8 @@ private:
 
 namespace detail {
 
-/// The part of a description that does not depend on the class: either fills its descriptor or only lists the classes named.
+/// The part of a description that does not depend on the class: either fills its descriptor or only lists the classes
+/// named.
 class VEXA_API CDescriptionBase {
 public:
     CDescriptionBase(const CDescriptionBase&) = delete;

@@ -9,8 +9,8 @@
 #include <vexa/export.h>
 
 /// \file
-/// Where the descriptors that the description layer makes are kept, and the compiled functions that make them. Everything here
-/// is built under the global recursive lock; no function-local static stands around a registration.
+/// Where the descriptors that the description layer makes are kept, and the compiled functions that make them.
+/// Everything here is built under the global recursive lock; no function-local static stands around a registration.
 
 namespace vexa::detail {
 
@@ -38,10 +38,10 @@ struct CClassSlot : CPublication {
     void* (*Factory)();
     void (*Deleter)(void*);
     CClassInfor::DescribeFunction Describe;
-    void (*Survey)(CSurvey&);           ///< lists the classes that the description names
-    CClassInfor* Descriptor = nullptr;  ///< set when complete
-    bool IsStarted = false;             ///< its describing function has been called
-    const CSurvey* Surveyed = nullptr;  ///< what Survey has listed
+    void (*Survey)(CSurvey&);          ///< lists the classes that the description names
+    CClassInfor* Descriptor = nullptr; ///< set when complete
+    bool IsStarted = false;            ///< its describing function has been called
+    const CSurvey* Surveyed = nullptr; ///< what Survey has listed
 };
 
 struct CContainerSlot : CPublication {
@@ -69,8 +69,8 @@ struct CTypeSlot : CPublication {
     CGnlTypeInfor* Descriptor = nullptr;
 };
 
-/// Each builds what the slot describes, unless it stands already, and returns it; a descriptor that is asked for while it is
-/// in progress on this thread is returned as it is.
+/// Each builds what the slot describes, unless it stands already, and returns it; a descriptor that is asked for while
+/// it is in progress on this thread is returned as it is.
 VEXA_API const CClassInfor* Build(CClassSlot& slot);
 VEXA_API const CContainerInfor* Build(CContainerSlot& slot);
 VEXA_API const CCustomBasicTypeInfor* Build(CCustomSlot& slot);
@@ -93,8 +93,8 @@ struct CTypeSource {
     unsigned char HoldingFlags;
     unsigned char NullFlagOffset;
     unsigned char ValueOffset;
-    const CTypeInforBase* (*Detail)();                  ///< null for a type without detailed descriptor
-    void (*Survey)(CSurvey& survey, bool isByValue);    ///< null likewise
+    const CTypeInforBase* (*Detail)();               ///< null for a type without detailed descriptor
+    void (*Survey)(CSurvey& survey, bool isByValue); ///< null likewise
 };
 
 inline CGnlTypeInfor MakeTypeInfor(const CTypeSource& source)

@@ -21,8 +21,8 @@
 #include <vexa/table.h>
 
 /// \file
-/// From a C++ type to its description: whether there is one (IsDescribable), how the value is held (CHolding), what it is
-/// (CKind).
+/// From a C++ type to its description: whether there is one (IsDescribable), how the value is held (CHolding), what it
+/// is (CKind).
 
 namespace vexa::detail {
 
@@ -51,7 +51,8 @@ struct CKind {
 };
 
 template<class T>
-struct CKind<T, std::enable_if_t<std::is_enum_v<T> && !IS_CUSTOM<T>>> : CKind<std::underlying_type_t<T>> {};
+struct CKind<T, std::enable_if_t<std::is_enum_v<T> && !IS_CUSTOM<T>>> : CKind<std::underlying_type_t<T>> {
+};
 
 template<class T>
 struct CKind<T, std::enable_if_t<IS_CUSTOM<T>>> {
@@ -64,7 +65,8 @@ struct CPlainKind {
 };
 
 template<class T>
-struct CKind<T, std::enable_if_t<BASIC_CODE<T> != Enum::DT_UNKNOWN>> : CPlainKind<BASIC_CODE<T>> {};
+struct CKind<T, std::enable_if_t<BASIC_CODE<T> != Enum::DT_UNKNOWN>> : CPlainKind<BASIC_CODE<T>> {
+};
 
 // clang-format off
 template<> struct CKind<void> : CPlainKind<Enum::DT_VOID> {};
@@ -142,8 +144,11 @@ constexpr CTypeSource MakeTypeSource()
         using Holding = CHolding<T>;
         constexpr CKindSource KIND = CKind<typename Holding::Value>::Source();
         return {static_cast<unsigned char>(IS_TEXT_POINTER<T> ? Enum::DT_CONST_CHAR_PTR : KIND.DataType),
-                static_cast<unsigned char>(Holding::FLAGS), 0, static_cast<unsigned char>(Holding::VALUE_OFFSET),
-                KIND.Detail, KIND.Survey};
+                static_cast<unsigned char>(Holding::FLAGS),
+                0,
+                static_cast<unsigned char>(Holding::VALUE_OFFSET),
+                KIND.Detail,
+                KIND.Survey};
     } else {
         return {};
     }

@@ -70,13 +70,17 @@ using ElementOf = typename CPlainElement<typename CElementOf<Container>::Type>::
 
 /// Whether values of T are, or hold as elements, pointers that own their pointee without releasing it.
 template<class T, class = void>
-struct CHoldsRawPointers : std::bool_constant<std::is_pointer_v<T>> {};
+struct CHoldsRawPointers : std::bool_constant<std::is_pointer_v<T>> {
+};
 template<class K, class V>
-struct CHoldsRawPointers<std::pair<K, V>> : std::disjunction<CHoldsRawPointers<K>, CHoldsRawPointers<V>> {};
+struct CHoldsRawPointers<std::pair<K, V>> : std::disjunction<CHoldsRawPointers<K>, CHoldsRawPointers<V>> {
+};
 template<class T, std::size_t SIZE>
-struct CHoldsRawPointers<T[SIZE]> : CHoldsRawPointers<T> {};
+struct CHoldsRawPointers<T[SIZE]> : CHoldsRawPointers<T> {
+};
 template<class T>
-struct CHoldsRawPointers<T, std::enable_if_t<IS_STD_CONTAINER<T>>> : CHoldsRawPointers<typename T::value_type> {};
+struct CHoldsRawPointers<T, std::enable_if_t<IS_STD_CONTAINER<T>>> : CHoldsRawPointers<typename T::value_type> {
+};
 template<class T>
 inline constexpr bool HOLDS_RAW_POINTERS = CHoldsRawPointers<T>::value;
 
@@ -90,9 +94,11 @@ inline constexpr bool IS_DESCRIBED = decltype(FindsDescription<T>(0))::value;
 
 /// The same for a custom basic type.
 template<class T>
-struct CCustomTag {};
+struct CCustomTag {
+};
 template<class T>
-auto FindsCustom(int) -> decltype(VexaDescribeCustom(CCustomTag<T>(), std::declval<CCustomBasicTypeInfor*&>()), std::true_type{});
+auto FindsCustom(int)
+    -> decltype(VexaDescribeCustom(CCustomTag<T>(), std::declval<CCustomBasicTypeInfor*&>()), std::true_type{});
 template<class T>
 std::false_type FindsCustom(...);
 template<class T>
