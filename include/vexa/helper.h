@@ -87,8 +87,9 @@ static_assert(sizeof(CTimer) == 32, "applications compile the size of a CTimer i
 
 /// Writes `s`, escaped for JSON and without quotes, into `buf` at `pos`, and advances `pos` by the escaped length.
 ///
-/// `"`, `\`, `/` and the control characters \b \f \n \r \t become a backslash and one letter; every other byte outside
-/// 0x20 to 0x7E becomes \u00 and two lower-case hexadecimal digits, so that each byte of a multi-byte character is
+/// The quotation mark, the backslash, the slash, backspace, form feed, line feed, carriage return and tab become a
+/// backslash and one character; every other byte outside 0x20 to 0x7E becomes a backslash, u00 and two lower-case
+/// hexadecimal digits, so that each byte of a multi-byte character is
 /// escaped by itself. `cap` is the size of the whole buffer in bytes. A piece (a run of plain bytes, or one escape
 /// sequence) that does not fit between `pos` and `cap` is not written, and `pos` advances all the same; a position
 /// beyond `cap` is no room at all. No terminating zero is written.
