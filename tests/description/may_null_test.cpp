@@ -153,4 +153,14 @@ TEST(MayNull, IsNotMadeFromAnythingElseByItself)
     EXPECT_FALSE((std::is_convertible_v<MayNull<int>, bool>)) << "only where a condition is asked for";
 }
 
+TEST(MayNull, EmptyBracesMakeItNull)
+{
+    MayNull<int> number = 5;
+    number = {};
+    EXPECT_FALSE(number.has_value());
+    MayNull<std::string> text = std::string("text");
+    text = vexa::null;
+    EXPECT_FALSE(text.has_value());
+}
+
 } // namespace

@@ -176,6 +176,16 @@ TEST(WriteMemoryTest, NoDataForATmThrows)
     EXPECT_EQ(target.ShownValue(), Shown(Untouched<tm>()));
 }
 
+TEST(WriteMemoryTest, NoDataForADateTimeOrANumericThrows)
+{
+    vexa::CDateTime time(5, 0);
+    vexa::CNumeric number(7);
+    EXPECT_THROW(WritableRef(vexa::CGnlTypeInfor(52), &time).ReadFromMemBlock(nullptr, 0), std::logic_error);
+    EXPECT_THROW(WritableRef(vexa::CGnlTypeInfor(47), &number).ReadFromMemBlock(nullptr, 0), std::logic_error);
+    EXPECT_EQ(5, time.secs());
+    EXPECT_EQ("7", number.AsString());
+}
+
 TEST(WriteMemoryTest, NoDataMakesStringsAndBinariesEmpty)
 {
     std::string text = "before";

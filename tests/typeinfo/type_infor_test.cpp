@@ -143,6 +143,15 @@ TEST(TypeInforCopy, MovingHandsAnOwnedDescriptorOver)
     EXPECT_EQ(owned, second.DetailInfor);
 }
 
+TEST(TypeInforCopy, ADescriptorThatWasMovedFromIsThatOfNoType)
+{
+    CGnlTypeInfor type = OwnedCustom("Money");
+    const CGnlTypeInfor target(std::move(type));
+    EXPECT_EQ("unkown type", type.TypeName());
+    EXPECT_EQ(0U, type.Sizeof());
+    EXPECT_EQ(nullptr, type.New());
+}
+
 TEST(TypeInforCopy, OfAnOwnerWithoutDescriptorHasNoneEither)
 {
     const CGnlTypeInfor type(DT_CUSTOM_OWNED);
@@ -165,7 +174,13 @@ TEST(ChangeTypeToCustomType, DoesNotReleaseWhatWasOwnedBefore)
 TEST(ChangeTypeToCustomType, ThrowsForANullNameAndLeavesAnOwnerWithoutName)
 {
     CGnlTypeInfor type(DT_INT);
-    EXPECT_THROW(type.ChangeTypeTo_CustomType(nullptr, 3, &NewThing, &DeleteThing, 77), std::logic_error);
+    std::string message;
+    try {
+        type.ChangeTypeTo_CustomType(nullptr, 3, &NewThing, &DeleteThing, 77);
+    } catch (const std::logic_error& error) {
+        message = error.what();
+    }
+    EXPECT_EQ("basic_string::_M_construct null not valid", message);
     EXPECT_EQ(114, type.DataType);
     ASSERT_NE(nullptr, type.DetailInfor);
     EXPECT_EQ("", type.DetailInfor->Name);
