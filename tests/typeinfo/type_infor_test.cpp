@@ -147,7 +147,7 @@ TEST(TypeInforCopy, ADescriptorThatWasMovedFromIsThatOfNoType)
 {
     CGnlTypeInfor type = OwnedCustom("Money");
     const CGnlTypeInfor target(std::move(type));
-    EXPECT_EQ("unkown type", type.TypeName());
+    EXPECT_EQ("unkown type", type.RealTypeName());
     EXPECT_EQ(0U, type.Sizeof());
     EXPECT_EQ(nullptr, type.New());
 }
