@@ -2,6 +2,7 @@
 #define VEXA_TYPE_INFOR_H
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -23,6 +24,42 @@ class CContainerInfor;
 class CCustomBasicTypeInfor;
 class CRefrence;
 
+namespace detail {
+
+/// What the library has noted of a descriptor that it has finished itself: by what shorter way it may be walked. It
+/// lies in the padding of the public fields and is never copied, so a copied or a hand-made descriptor has none. Set
+/// once, before the descriptor is published.
+class CFinishedMark {
+public:
+    static constexpr std::uint32_t CLASS =
+        1; ///< made by a class registration, complete, with room for a plan behind it
+    static constexpr std::uint32_t VECTOR = 2; ///< the container is a std::vector with the standard allocator
+    static constexpr std::uint32_t SLOTS = 4;  ///< the container's elements lie in itself, from its start to its end
+
+    constexpr CFinishedMark() noexcept = default;
+    constexpr CFinishedMark(const CFinishedMark&) noexcept {}
+    constexpr CFinishedMark& operator=(const CFinishedMark&) noexcept { return *this; }
+
+    void Set(std::uint32_t form, unsigned long stride = 0) noexcept
+    {
+        if (stride > MAX_STRIDE) return;
+        __atomic_store_n(&m_bits, form | static_cast<std::uint32_t>(stride) << STRIDE_SHIFT, __ATOMIC_RELEASE);
+    }
+    bool Is(std::uint32_t form) const noexcept { return (Load() & form) != 0; }
+    /// Bytes from one element of a marked container to the next.
+    unsigned long Stride() const noexcept { return Load() >> STRIDE_SHIFT; }
+
+private:
+    static constexpr unsigned int STRIDE_SHIFT = 8;
+    static constexpr unsigned long MAX_STRIDE = 0xFFFFFF;
+
+    std::uint32_t Load() const noexcept { return __atomic_load_n(&m_bits, __ATOMIC_ACQUIRE); }
+
+    std::uint32_t m_bits = 0;
+};
+
+} // namespace detail
+
 /// The common head of the detailed descriptors of classes, containers and custom types.
 class VEXA_API CTypeInforBase {
 public:
@@ -32,6 +69,7 @@ public:
     std::string Name;                  ///< the registered type name
     unsigned long Size = 0;            ///< bytes of one object
     unsigned int CustomTypeID = 0;     ///< the application's number for a custom type; 0 for every other type
+    detail::CFinishedMark Mark;        ///< the library's own
     FactoryFunction Factory = nullptr; ///< makes a default object on the heap; null where the type cannot be made
     DeleterFunction Deleter = nullptr; ///< destroys and frees an object made by the factory
 

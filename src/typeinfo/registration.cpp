@@ -10,6 +10,8 @@
 #include <vexa/detail/slot.h>
 #include <vexa/helper.h>
 
+#include "typeinfo/finished_class.h"
+
 namespace vexa {
 namespace typeinfo {
 namespace {
@@ -72,13 +74,14 @@ struct CClassRegistration {
 
 CClassInfor* CreateDescriptor(const CClassRegistration& request, ClassesInProgress& inProgress)
 {
-    auto* const created = new CClassInfor();
+    auto* const created = new typeinfo::CFinishedClass();
     inProgress.emplace_back(&request.Slot, created);
     created->SetBaseTypeInfor(request.Name, request.Size, request.NewFn, request.DeleteFn, 0);
     if (request.Base != nullptr) created->InheritFromBaseClass_Impl(request.BaseOffset, *request.Base);
     request.Describe(*created, Enum::AS_PUBLIC);
     created->CreateIndex();
     inProgress.pop_back();
+    created->Mark.Set(detail::CFinishedMark::CLASS);
     __atomic_store_n(&request.Slot, created, __ATOMIC_RELEASE); // an application may read its slot without the lock
     return created;
 }
