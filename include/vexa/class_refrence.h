@@ -87,6 +87,7 @@ public:
         Pos = owner.ClassInfor().AttribList.begin();
         if (!IsEnd()) Start();
     }
+    explicit CAttribConstIterator(const CClassConstRefrence&& owner) = delete; // which it would outlive
     bool IsEnd() const { return Pos == Owner->ClassInfor().AttribList.end(); }
     /// The current attribute: Name(), Value() and Infor().
     const CAttribConstIterator& operator*() const { return *this; }
@@ -112,6 +113,7 @@ public:
         Pos = owner.ClassInfor().AttribList.rbegin();
         if (!IsEnd()) Start();
     }
+    explicit CAttribConstReverseIterator(const CClassConstRefrence&& owner) = delete;
     bool IsEnd() const { return Pos == Owner->ClassInfor().AttribList.rend(); }
     const CAttribConstReverseIterator& operator*() const { return *this; }
     const CAttribConstReverseIterator* operator->() const { return this; }

@@ -27,7 +27,8 @@ public:
     /// Number of elements; 0 for a null container.
     unsigned long Count() const;
 
-    CContainerConstIterator begin() const;
+    CContainerConstIterator begin() const&;
+    void begin() const&& = delete; // the walk would outlive what it walks; a range-for keeps its range alive
     CWalkEnd end() const { return {}; }
 
     /// Writes all elements into \p out, which is emptied first, \p separator between them. Elements of a string type
@@ -96,6 +97,7 @@ class CContainerConstIterator : public CContainerWalk {
 public:
     CContainerConstIterator() = default;
     explicit CContainerConstIterator(const CContainerConstRefrence& owner) { *this = owner; }
+    explicit CContainerConstIterator(const CContainerConstRefrence&& owner) = delete;
     ~CContainerConstIterator() { Release(); }
     CContainerConstIterator& operator=(const CContainerConstRefrence& owner)
     {
@@ -103,6 +105,7 @@ public:
         Start(owner, owner.ContainerInfor().Begin, owner.ContainerInfor().Release);
         return *this;
     }
+    CContainerConstIterator& operator=(const CContainerConstRefrence&& owner) = delete;
     CContainerConstIterator& operator++()
     {
         Step(Owner->ContainerInfor().Next);
@@ -121,6 +124,7 @@ class CContainerConstReverseIterator : public CContainerWalk {
 public:
     CContainerConstReverseIterator() = default;
     explicit CContainerConstReverseIterator(const CContainerConstRefrence& owner) { *this = owner; }
+    explicit CContainerConstReverseIterator(const CContainerConstRefrence&& owner) = delete;
     ~CContainerConstReverseIterator() { Release(); }
     CContainerConstReverseIterator& operator=(const CContainerConstRefrence& owner)
     {
@@ -128,6 +132,7 @@ public:
         Start(owner, owner.ContainerInfor().RBegin, ReleaseOf(owner));
         return *this;
     }
+    CContainerConstReverseIterator& operator=(const CContainerConstRefrence&& owner) = delete;
     CContainerConstReverseIterator& operator++()
     {
         Step(Owner->ContainerInfor().RNext);
@@ -151,7 +156,7 @@ static_assert(sizeof(CContainerConstRefrence) == 24 && sizeof(CContainerRefrence
               "one layout for all references");
 static_assert(sizeof(CContainerConstIterator) == 48 && sizeof(CContainerConstReverseIterator) == 48, "four fields");
 
-inline CContainerConstIterator CContainerConstRefrence::begin() const { return CContainerConstIterator(*this); }
+inline CContainerConstIterator CContainerConstRefrence::begin() const& { return CContainerConstIterator(*this); }
 inline const CContainerConstRefrence& CConstRefrence::AsContainer() const& noexcept
 {
     return static_cast<const CContainerConstRefrence&>(*this);

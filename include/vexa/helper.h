@@ -20,7 +20,8 @@ namespace vexa {
 namespace helper {
 
 /// Writes one printf-style line to standard output: at most 2046 characters (the rest is cut), a newline and a flush.
-/// Nothing is put before the text. A null format writes nothing. Numbers are formatted independently of the locale.
+/// Nothing is put before the text. A null format writes nothing; one that would store through an argument, by "%n", is
+/// refused and gives an empty line. Numbers are formatted independently of the locale.
 /// Lines of several threads interleave only at their ends.
 VEXA_API void LogWarning(const char* format, ...) __attribute__((format(printf, 1, 2)));
 

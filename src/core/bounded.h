@@ -58,8 +58,26 @@ inline int memset_s(void* dst, std::size_t dstSize, int c, std::size_t n) noexce
     return 0;
 }
 
+/// True when a format asks for a store through one of its arguments ("%n" in any spelling): a text from outside that
+/// was taken for a format would choose where to write.
+inline bool StoresThroughArgument(const char* format) noexcept
+{
+    while ((format = std::strchr(format, '%')) != nullptr) {
+        format += 1 + std::strspn(format + 1, "-+ #0'I123456789$*.");
+        format += std::strspn(format, "hlLqjzt");
+        if (*format == 'n') {
+            return true;
+        }
+        if (*format != '\0') {
+            ++format;
+        }
+    }
+    return false;
+}
+
 /// Formats at most `count` characters and a terminating zero into `dst`, under the "C" locale. Returns the length, or
-/// -1 when the text was cut or could not be formed, with `dst` terminated, or when the arguments are refused.
+/// -1 when the text was cut or could not be formed, with `dst` terminated, or when the arguments are refused, as a
+/// format with "%n" is.
 __attribute__((format(printf, 4, 0))) inline int vsnprintf_s(char* dst, std::size_t dstSize, std::size_t count,
                                                              const char* format, std::va_list args) noexcept
 {
@@ -67,7 +85,7 @@ __attribute__((format(printf, 4, 0))) inline int vsnprintf_s(char* dst, std::siz
         return -1;
     }
     dst[0] = '\0';
-    if (format == nullptr || count > kMaxBoundedSize) {
+    if (format == nullptr || count > kMaxBoundedSize || StoresThroughArgument(format)) {
         return -1;
     }
     const std::size_t room = count < dstSize ? count + 1 : dstSize;

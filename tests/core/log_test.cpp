@@ -47,6 +47,21 @@ TEST_P(Log, WritesAnEmptyTextAsAnEmptyLine)
     EXPECT_EQ("\n", LoggedLines([] { GetParam()("%s", ""); }));
 }
 
+TEST_P(Log, RefusesAFormatThatStoresThroughAnArgument)
+{
+    for (const char* format : {"%n", "a%d%n", "%hhn", "%5lln", "%-*n", "%1$n", "%%%n"}) {
+        long stored[2] = {7, 7};
+        EXPECT_EQ("\n", LoggedLines([&] { GetParam()(format, stored, stored); })) << format;
+        EXPECT_EQ(7, stored[0]) << format;
+        EXPECT_EQ(7, stored[1]) << format;
+    }
+}
+
+TEST_P(Log, TakesAnNThatBelongsToNoDirective)
+{
+    EXPECT_EQ("%n 1n sn\n", LoggedLines([] { GetParam()("%%n %dn %sn", 1, "s"); }));
+}
+
 TEST_P(Log, EndsTheTextAtAZeroCharacter)
 {
     EXPECT_EQ("ab\n", LoggedLines([] { GetParam()("ab%ccd", '\0'); }));
