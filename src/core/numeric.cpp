@@ -1,19 +1,22 @@
 #include <vexa/numeric.h>
 
 #include <charconv>
+#include <cmath>
 #include <cstring>
 #include <istream>
 #include <ostream>
 #include <string_view>
 
+#include "core/exact_decimal.h"
+
 namespace vexa {
 
 namespace {
 
-constexpr int kFractionPlaces = 256;
+constexpr int MAX_PLACES = core::CFractionDigits::MAX_PLACES;
 
 /// Room for the longest fixed text there is: a long double of 4933 digits, a sign, a point and the fraction.
-constexpr std::size_t kFloatingRoom = 5300;
+constexpr std::size_t FIXED_TEXT_ROOM = 5300;
 
 const char* SkipBlanks(const char* text)
 {
@@ -79,11 +82,12 @@ void ReadInteger(CNumeric& number, long value)
     Read(number, text);
 }
 
-template<typename Floating>
-void ReadFloating(CNumeric& number, Floating value)
+/// The long way: as fixed text, which is then read. Zeros at its end are no digits.
+template<class Floating>
+void ReadFixedText(CNumeric& number, Floating value, int places)
 {
-    char text[kFloatingRoom];
-    char* end = std::to_chars(text, text + sizeof text - 1, value, std::chars_format::fixed, kFractionPlaces).ptr;
+    char text[FIXED_TEXT_ROOM];
+    char* end = std::to_chars(text, text + sizeof text - 1, value, std::chars_format::fixed, places).ptr;
     // NaN and the infinities have no point, and no zeros that could be cut off.
     if (std::memchr(text, '.', static_cast<std::size_t>(end - text)) != nullptr) {
         while (end[-1] == '0') {
@@ -92,6 +96,24 @@ void ReadFloating(CNumeric& number, Floating value)
     }
     *end = '\0';
     Read(number, text);
+}
+
+/// Every digit of the value, up to 256 behind the point. Only a value with more is rounded, and only one of more than
+/// 64 bits before the point needs long arithmetic there; the last place of any other is its last binary place.
+template<class Floating>
+void ReadFloating(CNumeric& number, Floating value)
+{
+    if (!std::isfinite(value)) return ReadFixedText(number, value, 0);
+    const core::CBinaryFloating parts = core::SplitFloating(value);
+    if (parts.Places() > core::CFractionDigits::MAX_PLACES) return ReadFixedText(number, value, MAX_PLACES);
+    if (!parts.HasShortInteger()) return ReadFixedText(number, value, 0);
+
+    number.State = Enum::VS_VALID;
+    number.Negative = std::signbit(value) ? 1 : 0;
+    char integer[24];
+    number.IntegerDigits.assign(integer, std::to_chars(integer, integer + sizeof integer, parts.Integer()).ptr);
+    char fraction[core::CFractionDigits::ROOM];
+    number.FractionDigits.assign(fraction, core::CFractionDigits(parts).Write(fraction));
 }
 
 std::string_view WithoutLeadingZeros(std::string_view digits)
