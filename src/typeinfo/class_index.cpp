@@ -1,10 +1,13 @@
 // The indexes over a class's attributes: by name, by flat name, by attribute ID and by union selector value.
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include <vexa/class_infor.h>
 #include <vexa/helper.h>
+
+#include "typeinfo/kept_selectors.h"
 
 namespace vexa {
 namespace {
@@ -28,12 +31,16 @@ void AddToIDMap(CAttribIDMap*& map, const CClassInfor& owner, short key, const C
     map->AddAttrib(owner, key, &record);
 }
 
-/// A union member whose selector goes because its name is taken is selected by the attribute that has the name.
-void ReplaceSelector(std::list<CAttribInfor>& records, const CAttribInfor& removed, const CAttribInfor& kept)
+/// Takes a record whose name is taken out of the list. \return the next one.
+CClassInfor::AttribPosition RemoveDuplicate(CClassInfor& owner, CClassInfor::AttribPosition duplicate)
 {
-    for (CAttribInfor& record : records) {
-        if (record.UnionSelector == &removed) record.UnionSelector = &kept;
-    }
+    const bool isSelector =
+        std::any_of(owner.AttribList.begin(), owner.AttribList.end(),
+                    [&](const CAttribInfor& record) { return record.UnionSelector == &*duplicate; });
+    if (!isSelector) return owner.AttribList.erase(duplicate);
+    const auto next = std::next(duplicate);
+    typeinfo::KeepSelector(owner, duplicate);
+    return next;
 }
 
 constexpr short DIRECT_KEYS = 64;
@@ -94,12 +101,11 @@ const CAttribInfor* CAttribIDMap::FindAttrib(short key) const
 
 void CClassInfor::CreateIndex()
 {
-    for (auto position = AttribList.begin(); position != AttribList.end();) {
+    for (AttribPosition position = AttribList.begin(); position != AttribList.end();) {
         const CAttribInfor& record = *position;
         const CAttribInfor*& named = AttribNameMap[record.Name];
         if (named != nullptr) {
-            ReplaceSelector(AttribList, record, *named);
-            position = AttribList.erase(position);
+            position = RemoveDuplicate(*this, position);
             continue;
         }
         named = &record;

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "typeinfo/kept_selectors.h"
+
 namespace vexa {
 
 CAttribInfor& CAttribInfor::operator=(const CAttribInfor& other)
@@ -19,6 +21,7 @@ CAttribInfor& CAttribInfor::operator=(const CAttribInfor& other)
 
 CClassInfor::~CClassInfor()
 {
+    typeinfo::DropKeptSelectors(*this);
     delete IDMap;
     delete UnionEnumMap;
 }

@@ -12,6 +12,7 @@
 
 #include <vexa/helper.h>
 
+#include "typeinfo/kept_selectors.h"
 #include "typeinfo/registration.h"
 
 namespace vexa {
@@ -133,22 +134,44 @@ bool IsReachable(const CClassInfor& owner, const char* attrib, unsigned long off
     return false;
 }
 
-/// After the records of a base that does not lie at the start of the object have been taken over: leaves out what an
-/// offset cannot express, and lets union members read their selector where it lies in this object instead of in the
-/// base.
-void SettleInherited(CClassInfor& derived, std::size_t first, unsigned long offset, const CClassInfor& base)
+/// The same for a record that is taken over from a base \p offset bytes into the object: a union member goes with its
+/// selector.
+bool IsReachableInherited(const CClassInfor& owner, const CAttribInfor& original, unsigned long offset)
 {
-    std::map<const CAttribInfor*, const CAttribInfor*> copies;
-    auto record = std::next(derived.AttribList.begin(), static_cast<std::ptrdiff_t>(first));
+    if (!IsReachable(owner, original.Name.c_str(), offset + original.Offset)) return false;
+    if (original.UnionSelector == nullptr) return true;
+    const unsigned long selector = offset + original.UnionSelector->Offset;
+    if (selector <= std::numeric_limits<unsigned short>::max()) return true;
+    helper::LogError("The class %s's attribute %s is left out: its union selector lies %lu bytes into the object, "
+                     "beyond 65535",
+                     owner.Name.c_str(), original.Name.c_str(), selector);
+    return false;
+}
+
+/// Takes over the records of a base: those that an offset can express, each union member with its selector where it
+/// lies in this object.
+void Inherit(CClassInfor& derived, unsigned long offset, const CClassInfor& base)
+{
+    const auto before = static_cast<std::ptrdiff_t>(derived.AttribList.size());
+    derived.InitBaseClass({{offset, &base}});
+    std::map<const CAttribInfor*, const CAttribInfor*> places; // from a record of the base to that of its place here
+    auto copy = std::next(derived.AttribList.begin(), before);
+    for (const CAttribInfor& original : base.AttribList)
+        places[&original] = &*copy++;
+    copy = std::next(derived.AttribList.begin(), before);
     for (const CAttribInfor& original : base.AttribList) {
-        if (!IsReachable(derived, original.Name.c_str(), offset + original.Offset)) {
-            record = derived.AttribList.erase(record);
+        if (!IsReachableInherited(derived, original, offset)) {
+            copy = derived.AttribList.erase(copy);
             continue;
         }
-        copies[&original] = &*record;
-        const auto selector = copies.find(record->UnionSelector);
-        if (selector != copies.end()) record->UnionSelector = selector->second;
-        ++record;
+        if (original.UnionSelector != nullptr) {
+            const CAttribInfor*& selector = places[original.UnionSelector];
+            if (selector == nullptr) {
+                selector = &typeinfo::KeepSelectorCopy(derived, *original.UnionSelector, offset);
+            }
+            copy->UnionSelector = selector;
+        }
+        ++copy;
     }
 }
 
@@ -157,10 +180,7 @@ void SettleInherited(CClassInfor& derived, std::size_t first, unsigned long offs
 void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset)
 {
     if (m_survey != nullptr) return AddToSurvey(*m_survey, base, true);
-    const CClassInfor* const infor = Build(base);
-    const std::size_t before = m_class->AttribList.size();
-    m_class->InitBaseClass({{offset, infor}});
-    if (offset != 0) SettleInherited(*m_class, before, offset, *infor);
+    Inherit(*m_class, offset, *Build(base));
 }
 
 CAttribDescription CDescriptionBase::AddAttrib(const char* name, unsigned long offset, const CTypeSource& type)
@@ -195,18 +215,33 @@ CAttribDescription& CAttribDescription::Masked()
     return *this;
 }
 
+namespace {
+
+/// The attribute that a union member of the class names as its selector: the class's own before one of a base, whose
+/// name it may hide. Null when there is none.
+const CAttribInfor* FindSelector(const CClassInfor& owner, const CAttribInfor& member, const char* name)
+{
+    const CAttribInfor* inherited = nullptr;
+    for (const CAttribInfor& record : owner.AttribList) {
+        if (record.Name != name || &record == &member) continue;
+        if (record.IsInherited == 0) return &record;
+        if (inherited == nullptr) inherited = &record;
+    }
+    return inherited;
+}
+
+} // namespace
+
 CAttribDescription& CAttribDescription::ActiveWhen(const char* selector, short value)
 {
     if (m_record == nullptr) return *this;
-    const auto& records = m_owner->AttribList;
-    const auto found = std::find_if(records.begin(), records.end(),
-                                    [&](const CAttribInfor& record) { return record.Name == selector; });
-    if (found == records.end() || &*found == m_record) {
+    const CAttribInfor* const found = FindSelector(*m_owner, *m_record, selector);
+    if (found == nullptr) {
         helper::LogError("The class %s's attribute %s names an unknown union selector %s", m_owner->Name.c_str(),
                          m_record->Name.c_str(), selector);
         return *this;
     }
-    m_record->UnionSelector = &*found;
+    m_record->UnionSelector = found;
     m_record->UnionAttribEnum = value;
     return *this;
 }

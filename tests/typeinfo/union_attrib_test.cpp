@@ -1,5 +1,6 @@
 // The choice among the members of a union, by the value of its selector.
 
+#include <array>
 #include <cstddef>
 #include <string>
 
@@ -155,7 +156,7 @@ TEST(UnionAttrib, OfAnInheritedMemberReadsTheSelectorAtItsPlaceInTheBase)
     EXPECT_EQ(&object.Base.Value, out.Address);
 }
 
-TEST(UnionAttrib, OfASelectorWhoseNameIsTakenReadsTheAttributeThatHasTheName)
+TEST(UnionAttrib, OfASelectorWhoseNameIsTakenStillReadsTheSelector)
 {
     struct Derived {
         Choice Base;
@@ -168,12 +169,36 @@ TEST(UnionAttrib, OfASelectorWhoseNameIsTakenReadsTheAttributeThatHasTheName)
         [](CClassInfor& about) {
             const CAttribInfor& kind = Add(about, "kind", offsetof(Derived, Kind), Plain(DT_SHORT));
             AddUnionMember(about, "own", offsetof(Derived, Value), Plain(DT_INT), kind, 7);
+            AddUnionMember(about, "more", offsetof(Derived, Value), Plain(DT_INT), kind, 8);
         },
         base, 0);
-    EXPECT_EQ(&RecordAt(*infor, 0), RecordAt(*infor, 4).UnionSelector);
-    const Derived object{{7, 0, 0}, 1, 0};
+    EXPECT_EQ("kind+@0 one+@4 three+@4 five+@4 own@16 more@16 ", vexa_test::ListOf(*infor));
+    Derived object{{7, 0, 0}, 1, 0};
     CConstRefrence out;
+    EXPECT_EQ("end", UnionAttribFrom(*infor, 4, &object, out)) << "the base's kind is not the one";
+    object.Kind = 7;
     EXPECT_EQ("own", UnionAttribFrom(*infor, 4, &object, out));
+    object.Kind = 8;
+    EXPECT_EQ("more", UnionAttribFrom(*infor, 4, &object, out));
+}
+
+TEST(UnionAttrib, OfTwoSelectorsOfOneNameReadsItsOwn)
+{
+    struct Two {
+        short First;
+        short Second;
+        int Value;
+    };
+    const DescribedClass infor("Two", sizeof(Two), [](CClassInfor& about) {
+        Add(about, "kind", offsetof(Two, First), Plain(DT_SHORT));
+        const CAttribInfor& second = Add(about, "kind", offsetof(Two, Second), Plain(DT_SHORT));
+        AddUnionMember(about, "value", offsetof(Two, Value), Plain(DT_INT), second, 3);
+        AddUnionMember(about, "value", offsetof(Two, Value), Plain(DT_INT), second, 3);
+    });
+    EXPECT_EQ("kind@0 value@4 ", vexa_test::ListOf(*infor));
+    CConstRefrence out;
+    EXPECT_EQ("end", UnionAttribFrom(*infor, 1, std::array<Two, 1>{{{3, 0, 0}}}.data(), out));
+    EXPECT_EQ("value", UnionAttribFrom(*infor, 1, std::array<Two, 1>{{{0, 3, 0}}}.data(), out));
 }
 
 } // namespace
