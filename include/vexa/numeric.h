@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+#include <type_traits>
 
 #include <vexa/export.h>
 #include <vexa/value_state.h>
@@ -67,6 +68,36 @@ static_assert(offsetof(CNumeric, State) == 0 && offsetof(CNumeric, Negative) == 
 /// IsEqu and its opposite.
 VEXA_API bool operator==(const CNumeric& left, const CNumeric& right);
 VEXA_API bool operator!=(const CNumeric& left, const CNumeric& right);
+namespace detail {
+
+/// Takes a C text; never a number, not even 0, which would pass for a null pointer.
+template<class T>
+using IfNumericText =
+    std::enable_if_t<std::is_pointer_v<std::decay_t<const T&>> && std::is_convertible_v<const T&, const char*>>;
+
+} // namespace detail
+
+/// Against a C text, read as a number. The text must not be null.
+template<class Text, class = detail::IfNumericText<Text>>
+bool operator==(const CNumeric& left, const Text& right)
+{
+    return left == CNumeric(std::string(right));
+}
+template<class Text, class = detail::IfNumericText<Text>>
+bool operator!=(const CNumeric& left, const Text& right)
+{
+    return !(left == right);
+}
+template<class Text, class = detail::IfNumericText<Text>>
+bool operator==(const Text& left, const CNumeric& right)
+{
+    return right == left;
+}
+template<class Text, class = detail::IfNumericText<Text>>
+bool operator!=(const Text& left, const CNumeric& right)
+{
+    return !(right == left);
+}
 
 /// Writes AsString().
 VEXA_API std::ostream& operator<<(std::ostream& out, const CNumeric& value);

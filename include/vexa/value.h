@@ -24,11 +24,14 @@ namespace vexa {
 /// A value has a type code also while it is null. It never holds a const char*: that becomes a std::string. The code 2
 /// (DT_NULL) is that of a value without type; so is 0, which a fresh value has.
 class VEXA_API CValue : public CStdBasicTypeRefrence {
+    template<class T>
+    using IfBasic = std::enable_if_t<detail::BASIC_CODE<T> != Enum::DT_UNKNOWN>;
+
 public:
     CValue() noexcept = default;
     CValue(NullType) noexcept { TypeInfor.DataType = Enum::DT_NULL; }
     CValue(const char* text) { *this = text; } ///< a null pointer gives a null std::string
-    template<class T, class = std::enable_if_t<detail::BASIC_CODE<T> != Enum::DT_UNKNOWN>>
+    template<class T, class = IfBasic<T>>
     CValue(const T& value)
     {
         *this = value;
@@ -42,7 +45,7 @@ public:
     ~CValue();
 
     /// Takes the type of what is assigned, which may be part of this value.
-    template<class T, class = std::enable_if_t<detail::BASIC_CODE<T> != Enum::DT_UNKNOWN>>
+    template<class T, class = IfBasic<T>>
     CValue& operator=(const T& value)
     {
         return Assign(detail::BASIC_CODE<T>, value);
@@ -78,7 +81,7 @@ public:
         SetNull();
         return *this;
     }
-    template<class T, class = std::enable_if_t<detail::BASIC_CODE<T> != Enum::DT_UNKNOWN>>
+    template<class T, class = IfBasic<T>>
     CValue& ReadFrom(const T& value)
     {
         if (CanStore(detail::BASIC_CODE<T>)) SetNotNull();
@@ -92,6 +95,39 @@ public:
     /// Compares the stored text; a value that is no text is logged and compared as an empty one.
     bool operator!=(const char* text) const;
     bool operator==(const char* text) const { return !(*this != text); }
+    friend bool operator==(const char* text, const CValue& value) { return value == text; }
+    friend bool operator!=(const char* text, const CValue& value) { return value != text; }
+
+    // Friends, so that only an operand that is a CValue leads to them: as functions of the namespace they would take
+    // the comparisons of every type that converts to one.
+
+    /// Two nulls are equal, whatever their types; otherwise type and contents must be.
+    friend VEXA_API bool operator==(const CValue& left, const CValue& right);
+    friend bool operator!=(const CValue& left, const CValue& right) { return !(left == right); }
+    /// Orders nulls first, then by type code, then by contents.
+    friend VEXA_API bool operator<(const CValue& left, const CValue& right);
+
+    /// A value against a plain one, which counts as a value of its own type.
+    template<class T, class = IfBasic<T>>
+    friend bool operator==(const CValue& left, const T& right)
+    {
+        return left == CValue(right);
+    }
+    template<class T, class = IfBasic<T>>
+    friend bool operator!=(const CValue& left, const T& right)
+    {
+        return !(left == right);
+    }
+    template<class T, class = IfBasic<T>>
+    friend bool operator==(const T& left, const CValue& right)
+    {
+        return right == left;
+    }
+    template<class T, class = IfBasic<T>>
+    friend bool operator!=(const T& left, const CValue& right)
+    {
+        return !(right == left);
+    }
 
 private:
     static constexpr unsigned long STORAGE_SIZE = 32;
@@ -119,23 +155,6 @@ private:
 };
 
 static_assert(sizeof(CValue) == 64, "part of the binary interface");
-
-/// Two nulls are equal, whatever their types; otherwise type and contents must be.
-VEXA_API bool operator==(const CValue& left, const CValue& right);
-inline bool operator!=(const CValue& left, const CValue& right) { return !(left == right); }
-/// A value against a plain one, which counts as a value of its own type.
-template<class T, class = std::enable_if_t<detail::BASIC_CODE<T> != Enum::DT_UNKNOWN>>
-bool operator==(const CValue& left, const T& right)
-{
-    return left == CValue(right);
-}
-template<class T, class = std::enable_if_t<detail::BASIC_CODE<T> != Enum::DT_UNKNOWN>>
-bool operator!=(const CValue& left, const T& right)
-{
-    return !(left == right);
-}
-/// Orders nulls first, then by type code, then by contents.
-VEXA_API bool operator<(const CValue& left, const CValue& right);
 
 /// A sequence of values.
 class VEXA_API CRow {
