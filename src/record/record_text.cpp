@@ -10,7 +10,7 @@ namespace {
 /// A column is of a basic type; no other has a name here.
 const char* ColumnTypeName(Enum::DataTypeEnum type)
 {
-    const bool isBasic = CGnlTypeInfor(type).IsBasicType();
+    const bool isBasic = type <= 0xFF && CGnlTypeInfor(type).IsBasicType(); // a descriptor would keep the low byte
     return core::TypeRow(isBasic ? static_cast<unsigned char>(type) : static_cast<unsigned char>(Enum::DT_UNKNOWN))
         .Name;
 }

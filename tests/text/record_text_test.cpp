@@ -139,6 +139,14 @@ TEST(TableText, NamesColumnsOfBasicTypesOnly)
     EXPECT_EQ(AsString(table, ASF_TYPE_AND_VALUE), expected);
 }
 
+TEST(TableText, LooksAtAllBitsOfAColumnsType)
+{
+    CTable table;
+    table.AddColumn(static_cast<DataTypeEnum>(0x100 + vexa::Enum::DT_INT), "c");
+    table.AddColumn(static_cast<DataTypeEnum>(0x80000000U + vexa::Enum::DT_INT), "d");
+    EXPECT_EQ(AsString(table, ASF_TYPE_AND_VALUE), "vexa::CTable: \nunkown type c, unkown type d");
+}
+
 TEST(RecordText, OfMembersIsIndentedLikeAnyOther)
 {
     int number = 7;
