@@ -146,6 +146,8 @@ public:
     bool Has(unsigned int mask) const noexcept { return (HoldingFlags & mask) == mask; }
     /// 0 for none, else HF_MAY_NULL or HF_NON_NULL_POINTER.
     unsigned int WrapperKind() const noexcept { return HoldingFlags & Enum::HF_KIND_MASK; }
+    /// Whether not even the null state may be changed: read-only, and no pointer, which may still be set to null.
+    bool IsFixed() const noexcept { return Has(Enum::HF_CONST) && !Has(Enum::HF_POINTER); }
     bool IsBasicType() const noexcept { return DataType >= 11 && DataType <= 58; }
     bool IsContainer() const noexcept { return DataType >= 61 && DataType <= 98; }
     bool IsAssociative() const noexcept { return DataType >= 81 && DataType <= 98; }

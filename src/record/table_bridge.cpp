@@ -185,6 +185,7 @@ bool ObjectsFromTable(CContainerRefrence& container, const CTable& table, std::v
 {
     const CClassInfor* const infor = ElementClass(container);
     if (infor == nullptr || container.ContainerInfor().Append == nullptr || container.IsNull()) return false;
+    if (container.TypeInfor.Has(HF_CONST)) return false;
     const CLeafList leaves(*infor);
     if (unknown != nullptr) unknown->clear();
     for (const CColumn& column : table.Columns) {

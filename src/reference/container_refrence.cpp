@@ -1,5 +1,7 @@
 #include <vexa/container_refrence.h>
 
+#include <vexa/helper.h>
+
 #include "reference/flat_attrib.h"
 
 namespace vexa {
@@ -31,16 +33,28 @@ unsigned long CContainerConstRefrence::Count() const
     return container != nullptr && count != nullptr ? count(container) : 0;
 }
 
+namespace {
+
+/// The container, if it may be changed; a read-only one is logged.
+void* ChangeableContainer(const CContainerRefrence& ref)
+{
+    if (!ref.TypeInfor.Has(HF_CONST)) return ref.ValueAddress();
+    helper::LogError("%s type CContainerRefrence is read-only and can not be changed", ref.TypeName().c_str());
+    return nullptr;
+}
+
+} // namespace
+
 CRefrence CContainerRefrence::Append()
 {
-    void* const container = ValueAddress();
+    void* const container = ChangeableContainer(*this);
     const auto append = ContainerInfor().Append;
     return {ContainerInfor().ElementType, container != nullptr && append != nullptr ? append(container) : nullptr};
 }
 
 void CContainerRefrence::Clear()
 {
-    void* const container = ValueAddress();
+    void* const container = ChangeableContainer(*this);
     const auto clear = ContainerInfor().Clear;
     if (container != nullptr && clear != nullptr) clear(container);
 }
@@ -50,6 +64,7 @@ bool GetValueListFromObjectList_i(CContainerRefrence& dst, const CContainerConst
 {
     const CGnlTypeInfor& elementType = src.ContainerInfor().ElementType;
     if (!dst.ContainerInfor().ElementType.IsBasicType() || elementType.DataType != DT_CLASS) return false;
+    if (dst.TypeInfor.Has(HF_CONST)) return false;
     const auto& elementClass = *static_cast<const CClassInfor*>(elementType.DetailInfor);
     const CFlatAttribInfor* const attrib = elementClass.FindAttribInforByFlatName(flatName);
     if (attrib == nullptr || dst.ContainerInfor().Append == nullptr || dst.ValueAddress() == nullptr) return false;

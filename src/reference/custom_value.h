@@ -39,12 +39,14 @@ inline bool HasOwnLayout(const CGnlTypeInfor& custom)
     return infor.Underlying.DataType == Enum::DT_UNKNOWN && (infor.ToValue != nullptr || infor.FromValue != nullptr);
 }
 
-/// The standard value where it lies inside a custom value; without address when the custom value is null.
+/// The standard value where it lies inside the custom value at \p object; without address when that is null.
+inline CRefrence StandardValueAt(const CCustomBasicTypeInfor& infor, void* object)
+{
+    return {infor.Underlying, object != nullptr ? static_cast<char*>(object) + infor.ValueOffset : nullptr};
+}
 inline CRefrence StandardValueInPlace(const CConstRefrence& custom)
 {
-    auto* const object = static_cast<char*>(custom.ValueAddress());
-    const CCustomBasicTypeInfor& infor = CustomInfor(custom.TypeInfor);
-    return {infor.Underlying, object != nullptr ? object + infor.ValueOffset : nullptr};
+    return StandardValueAt(CustomInfor(custom.TypeInfor), custom.ValueAddress());
 }
 
 /// Calls \p use with a reference to the standard value of a custom value, in place or converted, and gives its result.

@@ -40,43 +40,44 @@ void ClearClass(const CClassConstRefrence& object)
     }
 }
 
-/// Only the converter of a type with a layout of its own knows its empty state: that of a null value.
-void ClearCustom(const CRefrence& custom)
+/// Only the converter of a type with a layout of its own knows its empty state: that of a null value. \param object is
+/// null for one that is null or read-only: the standard type has its say nevertheless.
+void ClearCustom(const CGnlTypeInfor& type, void* object)
 {
-    if (!reference::HasOwnLayout(custom.TypeInfor)) return reference::StandardValueInPlace(custom).Clear();
-    const auto convert = reference::CustomInfor(custom.TypeInfor).FromValue;
-    void* const object = custom.ValueAddress();
-    if (convert != nullptr && object != nullptr) convert(object, reference::CMadeValue().Get());
+    const CCustomBasicTypeInfor& infor = reference::CustomInfor(type);
+    if (object != nullptr && infor.FromValue != nullptr && reference::HasOwnLayout(type))
+        infor.FromValue(object, reference::CMadeValue().Get());
+    else
+        reference::StandardValueAt(infor, object).Clear();
+}
+
+using ClearFunction = void (*)(CRefrence& ref, void* value);
+
+/// How values of a kind are emptied; null for a kind that cannot be.
+ClearFunction ClearFunctionOf(const CGnlTypeInfor& type)
+{
+    if (type.DataType == DT_CLASS) return [](CRefrence& ref, void*) { ClearClass(ref.AsClass()); };
+    if (type.IsBasicType()) return [](CRefrence& ref, void*) { ref.AsStdBasicType().Clear(); };
+    if (type.IsContainer()) return [](CRefrence& ref, void*) { ref.AsContainer().Clear(); };
+    if (core::TypeRow(type.DataType).Clear == nullptr) return nullptr;
+    return [](CRefrence& ref, void* value) { core::TypeRow(ref.TypeInfor.DataType).Clear(value); };
 }
 
 } // namespace
 
 void CRefrence::Clear()
 {
-    const unsigned char code = TypeInfor.DataType;
-    if (TypeInfor.Has(HF_NULLABLE) || code == DT_VALUE) {
-        // What is read-only stays; a pointer to it is only forgotten.
-        if (!TypeInfor.Has(HF_CONST) || TypeInfor.Has(HF_POINTER)) SetNull();
-        return;
-    }
-    auto* const clearRecord = core::TypeRow(code).Clear;
-    const bool isNesting = code == DT_CLASS || TypeInfor.IsContainer();
-    if (!isNesting && !TypeInfor.IsBasicType() && code != DT_CUSTOM_BASIC && clearRecord == nullptr) {
-        helper::LogError("Not supported type %s In function CRefrence::Clear()", TypeName().c_str());
+    if (TypeInfor.Has(HF_NULLABLE) || TypeInfor.DataType == DT_VALUE) {
+        if (!TypeInfor.IsFixed()) SetNull();
         return;
     }
     void* const value = Address != nullptr && !TypeInfor.Has(HF_CONST) ? TypeInfor.ValueAddress(Address) : nullptr;
-    if (value == nullptr) return;
-    if (code == DT_CLASS)
-        ClearClass(AsClass());
-    else if (TypeInfor.IsContainer())
-        AsContainer().Clear();
-    else if (code == DT_CUSTOM_BASIC)
-        ClearCustom(*this);
-    else if (clearRecord != nullptr)
-        clearRecord(value);
-    else
-        AsStdBasicType().Clear();
+    if (TypeInfor.DataType == DT_CUSTOM_BASIC) return ClearCustom(TypeInfor, value);
+    const ClearFunction clear = ClearFunctionOf(TypeInfor);
+    if (clear == nullptr)
+        helper::LogError("Not supported type %s In function CRefrence::Clear()", TypeName().c_str());
+    else if (value != nullptr)
+        clear(*this, value);
 }
 
 void CStdBasicTypeRefrence::Clear()

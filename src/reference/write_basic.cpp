@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <vexa/detail/basic_code.h>
 #include <vexa/helper.h>
 #include <vexa/refrence.h>
 
@@ -18,17 +19,24 @@ using namespace Enum;
 
 namespace {
 
+/// Where the value lives, if it may be written and there is something behind it.
+void* ChangeableAddress(const CStdBasicTypeRefrence& target)
+{
+    const bool isChangeable = !target.TypeInfor.Has(HF_CONST) && target.Address != nullptr;
+    return isChangeable ? target.TypeInfor.ValueAddress(target.Address) : nullptr;
+}
+
 /// Where a write lands, the value having been made not null for it; null when the value cannot be written.
 void* WritableAddress(CStdBasicTypeRefrence& target)
 {
-    if (target.TypeInfor.Has(HF_CONST) || target.Address == nullptr) return nullptr;
-    target.SetNotNull();
-    return target.TypeInfor.ValueAddress(target.Address);
+    if (!target.TypeInfor.Has(HF_CONST)) target.SetNotNull();
+    return ChangeableAddress(target);
 }
 
-void LogNotConvertible(const char* source, const CConstRefrence& target)
+CStdBasicTypeRefrence& LogNotConvertible(CStdBasicTypeRefrence& target, const std::string& source)
 {
-    helper::LogError("%s type can not be converted to %s", source, target.TypeName().c_str());
+    helper::LogError("%s type can not be converted to %s", source.c_str(), target.TypeName().c_str());
+    return target;
 }
 
 template<DataTypeEnum CODE, class Source>
@@ -50,6 +58,12 @@ CStdBasicTypeRefrence& StoreNumber(CStdBasicTypeRefrence& target, Source source)
     return target;
 }
 
+/// Whether values of a type are assigned from text.
+constexpr bool TakesText(unsigned char code)
+{
+    return code == DT_STD_STRING || code == DT_BINARY || code == DT_NUMERIC || code == DT_DATETIME;
+}
+
 /// Stores a text into any type that is assigned from one. \return whether the target is such a type and could be
 /// written.
 template<class Assign>
@@ -57,45 +71,43 @@ bool StoreText(CStdBasicTypeRefrence& target, Assign&& assign)
 {
     bool isStored = false;
     core::VisitBasicType(target.TypeInfor.DataType, [&](auto type) {
-        using T = typename decltype(type)::Type;
-        if constexpr (std::is_same_v<T, std::string> || std::is_same_v<T, CBinary> || std::is_same_v<T, CDateTime> ||
-                      std::is_same_v<T, CNumeric>) {
+        if constexpr (TakesText(type.CODE)) {
             void* const address = WritableAddress(target);
             if (address == nullptr) return;
-            assign(*static_cast<T*>(address));
+            assign(*static_cast<typename decltype(type)::Type*>(address));
             isStored = true;
         }
     });
     return isStored;
 }
 
-CStdBasicTypeRefrence& RefuseText(CStdBasicTypeRefrence& target, const char* source)
-{
-    if (!target.TypeInfor.Has(HF_CONST)) target.SetNull();
-    LogNotConvertible(source, target);
-    return target;
-}
-
-/// A null source makes the value null; what is read-only stays, unless it is a pointer, which is only forgotten.
+/// Makes a value null. What is read-only stays, and is logged, unless it is a pointer, which is only forgotten.
 CStdBasicTypeRefrence& StoreNull(CStdBasicTypeRefrence& target, const std::string& source)
 {
-    const bool isReadOnly = target.TypeInfor.Has(HF_CONST) && !target.TypeInfor.Has(HF_POINTER);
-    if (isReadOnly)
-        LogNotConvertible(source.c_str(), target);
-    else
-        target.SetNull();
+    if (target.TypeInfor.IsFixed()) return LogNotConvertible(target, source);
+    target.SetNull();
     return target;
 }
 
-/// Stores a value object into a target of its own type.
-template<DataTypeEnum CODE, class T>
-CStdBasicTypeRefrence& StoreObject(CStdBasicTypeRefrence& target, const T& value)
+/// A text that could not be stored leaves a null behind, but not in place of what takes texts and is read-only.
+CStdBasicTypeRefrence& RefuseText(CStdBasicTypeRefrence& target, const char* source)
 {
-    void* const address = target.TypeInfor.DataType == CODE ? WritableAddress(target) : nullptr;
-    if (address != nullptr)
-        *static_cast<T*>(address) = value;
+    const bool isReadOnlyText = TakesText(target.TypeInfor.DataType) && target.TypeInfor.Has(HF_CONST);
+    if (!isReadOnlyText && !target.TypeInfor.IsFixed()) target.SetNull();
+    return LogNotConvertible(target, source);
+}
+
+/// Stores a value object into a target of type \p Target, or else logs.
+template<class Target, class Source>
+CStdBasicTypeRefrence& StoreObject(CStdBasicTypeRefrence& target, const Source& value)
+{
+    const bool isSuitable = target.TypeInfor.DataType == detail::BASIC_CODE<Target>;
+    void* const address = isSuitable ? WritableAddress(target) : nullptr;
+    if (address == nullptr) return LogNotConvertible(target, core::TypeRow(detail::BASIC_CODE<Source>).Name);
+    if constexpr (std::is_same_v<Target, tm> && std::is_same_v<Source, CDateTime>)
+        *static_cast<tm*>(address) = value.As_tm(false);
     else
-        LogNotConvertible(core::TypeRow(CODE).Name, target);
+        *static_cast<Target*>(address) = value;
     return target;
 }
 
@@ -160,34 +172,22 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const char* value)
 
 CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const tm& value)
 {
-    if (TypeInfor.DataType != DT_DATETIME) return StoreObject<DT_TM>(*this, value);
-    void* const address = WritableAddress(*this);
-    if (address != nullptr)
-        *static_cast<CDateTime*>(address) = value;
-    else
-        LogNotConvertible("tm", *this);
-    return *this;
+    return TypeInfor.DataType == DT_DATETIME ? StoreObject<CDateTime>(*this, value) : StoreObject<tm>(*this, value);
 }
 
 CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const CBinary& value)
 {
-    return StoreObject<DT_BINARY>(*this, value);
+    return StoreObject<CBinary>(*this, value);
 }
 
 CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const CDateTime& value)
 {
-    if (TypeInfor.DataType != DT_TM) return StoreObject<DT_DATETIME>(*this, value);
-    void* const address = WritableAddress(*this);
-    if (address != nullptr)
-        *static_cast<tm*>(address) = value.As_tm(false);
-    else
-        LogNotConvertible("vexa::CDateTime", *this);
-    return *this;
+    return TypeInfor.DataType == DT_TM ? StoreObject<tm>(*this, value) : StoreObject<CDateTime>(*this, value);
 }
 
 CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(const CNumeric& value)
 {
-    return StoreObject<DT_NUMERIC>(*this, value);
+    return StoreObject<CNumeric>(*this, value);
 }
 
 CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFrom(NullType)
@@ -219,8 +219,7 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFromMemBlock(const char* data,
     if (code == DT_TM) {
         // The null state stays as it is, unlike for every other target.
         const std::string text(data);
-        const bool isWritable = Address != nullptr && !TypeInfor.Has(HF_CONST);
-        auto* const address = static_cast<tm*>(isWritable ? TypeInfor.ValueAddress(Address) : nullptr);
+        auto* const address = static_cast<tm*>(ChangeableAddress(*this));
         isStored = address != nullptr;
         if (isStored) String2Tm(*address, text);
     } else {

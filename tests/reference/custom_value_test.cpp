@@ -161,7 +161,27 @@ TEST(AnyCustomValue, WithoutAConverterFromAValueStaysAsItIsWhenItIsCleared)
     CRefrence ref(Plain(DT_CUSTOM_BASIC, infor.get()), &money);
     const std::string log = LoggedLines([&] { ref.Clear(); });
     EXPECT_EQ(AsString(ref), "250c");
-    EXPECT_EQ(log, "");
+    EXPECT_EQ(log, "Not supported type unkown type In function CRefrence::Clear()\n");
+}
+
+TEST(AnyCustomValue, OverAnUnsupportedTypeLogsWhenItIsClearedWithoutAnObject)
+{
+    for (const bool hasFromValue : {false, true}) {
+        const Descriptor infor = AnyMoney(CGnlTypeInfor(), true, hasFromValue);
+        CRefrence ref(Plain(DT_CUSTOM_BASIC, infor.get()), nullptr);
+        EXPECT_EQ(LoggedLines([&] { ref.Clear(); }), "Not supported type unkown type In function CRefrence::Clear()\n");
+        EXPECT_EQ(g_fromValue, 0);
+    }
+}
+
+TEST(AnyCustomValue, ThatIsReadOnlyIsNotCleared)
+{
+    const Descriptor infor = AnyMoney(CGnlTypeInfor());
+    Money money{250};
+    CRefrence ref(CGnlTypeInfor(DT_CUSTOM_BASIC, vexa::Enum::HF_CONST, infor.get()), &money);
+    EXPECT_EQ(LoggedLines([&] { ref.Clear(); }), "Not supported type unkown type In function CRefrence::Clear()\n");
+    EXPECT_EQ(money.Cents, 250);
+    EXPECT_EQ(g_fromValue, 0);
 }
 
 TEST(AnyCustomValue, WithoutAConverterToAValueIsUnkown)

@@ -2,6 +2,9 @@
 
 #include <vexa/vexa.h>
 
+#include <list>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "support/captured_log.h"
@@ -47,6 +50,97 @@ TEST(ReadOnly, ANullSourceIsRefusedAndLogged)
     EXPECT_EQ("MayNull<long> type can not be converted to MayNull<int>\n",
               LoggedLines([&] { target.ReadFrom(vexa::RefOf(noNumber).AsStdBasicType()); }));
     EXPECT_EQ(7, number.value_or(0));
+}
+
+/// A reference that is read-only by its descriptor, as a look-up of a const member gives it.
+template<class T>
+vexa::CRefrence ReadOnlyRef(T& object)
+{
+    vexa::CRefrence ref = vexa::RefOf(object);
+    ref.TypeInfor.HoldingFlags |= vexa::Enum::HF_CONST;
+    return ref;
+}
+
+TEST(ReadOnly, AContainerIsNotAppendedToOrCleared)
+{
+    const std::string refusal = "std::vector<int> type CContainerRefrence is read-only and can not be changed\n";
+    std::vector<int> numbers{1, 2};
+    vexa::CContainerRefrence container = ReadOnlyRef(numbers).AsContainer();
+    EXPECT_EQ(refusal, LoggedLines([&] {
+                  const vexa::CRefrence added = container.Append();
+                  EXPECT_EQ(nullptr, added.Address);
+                  EXPECT_EQ("int", added.TypeName());
+              }));
+    EXPECT_EQ(refusal, LoggedLines([&] { container.Clear(); }));
+    EXPECT_EQ((std::vector<int>{1, 2}), numbers);
+}
+
+TEST(ReadOnly, AContainerBehindAConstPointerStaysButThePointerCanBeForgotten)
+{
+    const std::vector<int> numbers{1, 2};
+    const std::vector<int>* pointer = &numbers;
+    vexa::CContainerRefrence container = vexa::RefOf(pointer).AsContainer();
+    EXPECT_EQ("const std::vector<int>* type CContainerRefrence is read-only and can not be changed\n",
+              LoggedLines([&] { container.Clear(); }));
+    EXPECT_EQ(&numbers, pointer);
+    vexa::RefOf(pointer).Clear();
+    EXPECT_EQ(nullptr, pointer);
+    EXPECT_EQ((std::vector<int>{1, 2}), numbers);
+}
+
+struct Point {
+    int x = 0;
+};
+VEXA_DESCRIBE(Point, x)
+
+TEST(ReadOnly, AContainerTakesNoListOfValuesAndNoTableAndSaysSoByItsResultOnly)
+{
+    std::list<Point> points{{3}};
+    std::vector<long> numbers{7};
+    vexa::CContainerRefrence target = ReadOnlyRef(numbers).AsContainer();
+    vexa::CTable table;
+    EXPECT_TRUE(vexa::TableFromObjects(table, points));
+    vexa::CContainerRefrence objects = ReadOnlyRef(points).AsContainer();
+    std::vector<std::string> unknown{"untouched"};
+    EXPECT_EQ("", LoggedLines([&] {
+                  EXPECT_FALSE(vexa::GetValueListFromObjectList_i(target, vexa::RefOf(points).AsContainer(), "x"));
+                  EXPECT_FALSE(vexa::ObjectsFromTable(objects, table, &unknown));
+              }));
+    EXPECT_EQ(std::vector<long>{7}, numbers);
+    EXPECT_EQ(1U, points.size());
+    EXPECT_EQ(std::vector<std::string>{"untouched"}, unknown);
+}
+
+/// The target's text after each kind of text has been put into what a const pointer designates.
+template<class T>
+void ExpectTextRefused(const T& pointee, bool isForgotten, const std::string& typeName)
+{
+    for (const bool isCText : {false, true}) {
+        const T* pointer = &pointee;
+        vexa::CStdBasicTypeRefrence target = vexa::RefOf(pointer).AsStdBasicType();
+        const std::string log =
+            LoggedLines([&] { isCText ? target.ReadFrom("12") : target.ReadFrom(std::string("12")); });
+        EXPECT_EQ((isCText ? "const char*" : "std::string") + (" type can not be converted to " + typeName) + "\n",
+                  log);
+        EXPECT_EQ(isForgotten ? nullptr : &pointee, pointer);
+    }
+}
+
+TEST(ReadOnly, TextSetsAConstPointerToNullUnlessItDesignatesWhatTakesText)
+{
+    ExpectTextRefused(5, true, "const int*");
+    ExpectTextRefused(true, true, "const bool*");
+    ExpectTextRefused(1.5, true, "const double*");
+    ExpectTextRefused(tm{}, true, "const tm*");
+    ExpectTextRefused(std::string("kept"), false, "const std::string*");
+    ExpectTextRefused(vexa::CBinary(std::string("kept")), false, "const vexa::CBinary*");
+    ExpectTextRefused(vexa::CDateTime(5, 0), false, "const vexa::CDateTime*");
+    ExpectTextRefused(vexa::CNumeric("5"), false, "const vexa::CNumeric*");
+    const char* text = "kept";
+    vexa::CStdBasicTypeRefrence target = vexa::RefOf(text).AsStdBasicType();
+    EXPECT_EQ("std::string type can not be converted to const char*\n",
+              LoggedLines([&] { target.ReadFrom(std::string("12")); }));
+    EXPECT_EQ(nullptr, text);
 }
 
 TEST(ReadOnly, AConstObjectInAGenericClassIsNotWritten)
