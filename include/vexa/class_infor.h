@@ -53,7 +53,7 @@ struct CBaseClassInfor {
 /// inside a MayNull counts as if it began where its wrapper does.
 class VEXA_API CFlatAttribInfor {
 public:
-    std::vector<const CAttribInfor*>* PointerPath = nullptr; ///< owned; the pointer attributes to follow, null for none
+    std::vector<const CAttribInfor*>* PointerPath = nullptr; ///< owned; the outermost pointer to follow, null for none
     unsigned long Offset = 0;                  ///< bytes from the object, or from what the last pointer designates
     const CAttribInfor* AttribInfor = nullptr; ///< the leaf's record, perhaps of another class
     std::string FlatName;                      ///< always equal to its key

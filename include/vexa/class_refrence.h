@@ -33,11 +33,15 @@ public:
     const CClassInfor& ClassInfor() const noexcept { return *static_cast<const CClassInfor*>(TypeInfor.DetailInfor); }
 
     bool FindAttribByName(CConstRefrence& out, const std::string& name) const;
-    /// Finds a leaf attribute of a member object, the names joined by underscores or dots. For a leaf behind a pointer
-    /// the address is that of this object plus the leaf's offset in the pointed-to one: follow the entry's PointerPath
-    /// (CClassInfor::FindAttribInforByFlatName) before using it. For a leaf of a member object inside a MayNull the
-    /// address lacks the distance from the wrapper to its value, and must not be read: look the member up by its name
-    /// first.
+    /// Finds a leaf attribute of a member object, the names joined by underscores or dots. No pointer is
+    /// followed on the way: for a leaf behind one the address is that of this object plus the leaf's offset in the
+    /// pointed-to one, and must not be used. The entry (CClassInfor::FindAttribInforByFlatName) tells so by its
+    /// PointerPath, with two exceptions. An attribute of this class itself that took the name over from such a leaf
+    /// kept the path, which then means nothing: an entry whose record AttribNameMap has under the same name lies in the
+    /// object. And a path holds the outermost pointer only if that is a member of this class: a pointer further in
+    /// leaves no trace. For a leaf of a member object inside a MayNull the address lacks the distance from the wrapper
+    /// to its value, and must not be read. Where pointers or wrappers may be on the way, look the members up by their
+    /// names, one after the other.
     bool FindAttribByFlatName(CConstRefrence& out, const std::string& name) const;
     bool FindAttribByID(CConstRefrence& out, short id) const;
     /// Finds the union member registered for a selector value, whatever the selector holds now.

@@ -46,16 +46,16 @@ public:
     CContainerRefrence(const CGnlTypeInfor& typeInfor, void* address) : CContainerConstRefrence(typeInfor, address) {}
 
     /// Adds a default element at the end of a sequence container and gives its reference; one without address when the
-    /// container is null or has no such operation.
+    /// container is null, read-only (which is logged) or without such an operation.
     CRefrence Append();
-    /// Removes all elements; nothing for a null container.
+    /// Removes all elements; nothing for a null container, nor for a read-only one, which is logged.
     void Clear();
 };
 
 /// Appends one flat attribute of every element of \p src, objects of a described class, to \p dst, a container of basic
 /// values, with the library's conversions.
-/// \return false, with \p dst unchanged, when \p dst does not hold basic values or cannot be appended to, when \p src
-/// does not hold objects of a class, or when the class has no such attribute.
+/// \return false, with \p dst unchanged, when \p dst does not hold basic values, is read-only or cannot be appended to,
+/// when \p src does not hold objects of a class, or when the class has no such attribute.
 VEXA_API bool GetValueListFromObjectList_i(CContainerRefrence& dst, const CContainerConstRefrence& src,
                                            const std::string& flatName);
 

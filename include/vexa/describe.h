@@ -94,7 +94,8 @@ CRefrence RefOf(T& object)
 {
     return {TypeInforOf<T>(), const_cast<void*>(static_cast<const void*>(std::addressof(object)))};
 }
-/// Of a const object the reference is read-only also for those who write through it.
+/// Of a const object the reference carries the const flag, and whatever writes refuses it. Its attributes and elements
+/// do not carry the flag: looked up into a writable reference, they can be written, which the application must not do.
 template<class T>
 CConstRefrence RefOf(const T& object)
 {

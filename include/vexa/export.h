@@ -2,8 +2,10 @@
 #define VEXA_EXPORT_H
 
 /// Marks what the shared library exports. The library hides every other symbol, so that what an application can link
-/// to is exactly what these headers declare. An application sees default visibility too: type slots that the
-/// description templates create in several shared objects are then one and the same.
+/// to is exactly what these headers declare. In an application it keeps the library's classes visible, so that
+/// exceptions and type information of them are one and the same everywhere. What the description templates create is as
+/// visible as the described types are: with -fvisibility=hidden, or for a type of hidden visibility, every shared
+/// object that describes the type has a descriptor of its own.
 #define VEXA_API __attribute__((visibility("default")))
 
 #endif

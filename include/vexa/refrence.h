@@ -83,8 +83,9 @@ public:
 ///
 /// A null value reads as the neutral value of the target: 0, false, an empty text, a default object. A type that cannot
 /// be converted does too, and one line is logged. Nothing is thrown for a mismatch, and no range is checked: a value
-/// that does not fit an integer target keeps its low bits; a floating value is cut to 32 bits first for targets up to
-/// int, to 64 for wider ones, and to the lowest of those where it does not fit.
+/// that does not fit an integer target keeps its low bits. A floating value is cut toward zero to 32 bits first for
+/// char, short, int and the unsigned forms of the former two, to 64 bits for unsigned int and everything longer, and to
+/// the lowest of those where it does not fit; unsigned long and unsigned long long take 64 unsigned bits.
 class VEXA_API CStdBasicTypeConstRefrence : public CConstRefrence {
 public:
     using CConstRefrence::CConstRefrence;
@@ -200,8 +201,8 @@ public:
     CStdBasicTypeRefrence& ReadFrom(float value);
     CStdBasicTypeRefrence& ReadFrom(double value);
     CStdBasicTypeRefrence& ReadFrom(long double value);
-    /// A text into std::string, CBinary, CDateTime or CNumeric. Any other target is logged and becomes null; text is
-    /// parsed into numbers only by ReadFromMemBlock. A null pointer makes the value null.
+    /// A text into std::string, CBinary, CDateTime or CNumeric. Any other target is logged and becomes null, a pointer
+    /// to const too; text is parsed into numbers only by ReadFromMemBlock. A null pointer makes the value null.
     CStdBasicTypeRefrence& ReadFrom(const std::string& value);
     CStdBasicTypeRefrence& ReadFrom(const char* value);
     /// A value object into its own type (tm and CDateTime into each other too). Any other target is logged and

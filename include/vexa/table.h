@@ -79,8 +79,8 @@ VEXA_API bool TableFromObjects(CTable& table, const CContainerConstRefrence& con
 /// Appends to a sequence container of objects one for each row of \p table, and sets the attributes that the columns
 /// name, with the library's conversions. A null sets a null, or the default of an attribute that cannot be null. \param
 /// unknown receives the names of the columns for which the class has no attribute that TableFromObjects would give.
-/// \return false, with the container unchanged, when its elements are no objects of a class or it cannot be appended
-/// to.
+/// \return false, with the container unchanged, when its elements are no objects of a class, or when it is read-only or
+/// cannot be appended to.
 VEXA_API bool ObjectsFromTable(CContainerRefrence& container, const CTable& table,
                                std::vector<std::string>* unknown = nullptr);
 

@@ -69,7 +69,9 @@ public:
     /// type already stays as it is.
     void ChangeValueTypeEnum(Enum::DataTypeEnum type);
 
-    /// Takes type, null state and contents of another value; of a long double the first 8 bytes only.
+    /// Takes type, null state and contents of another value. Of a long double only the first 8 bytes are taken: sign
+    /// and exponent stay those of the long double that was there, and behind another type those of whatever the storage
+    /// held. Copy a long double by the copy constructor or by assignment.
     CValue& ReadFrom(const CValue& other);
     /// The conversions of CStdBasicTypeRefrence, into the type that the value has. A null value is made not null first
     /// where the type can be stored; a text that cannot be stored leaves it null.
