@@ -61,6 +61,17 @@ enum DataTypeEnum : unsigned int {
     DT_BITSET_NODE = 121        ///< one element of a bit set: its address designates one bool
 };
 
+// Bands of codes, told by range: every code inside one counts, assigned or not.
+
+/// The arithmetic types, bool and char included.
+constexpr bool IsNumberCode(unsigned int code) noexcept { return code >= 10 && code <= 39; }
+/// The built-in value types: what a basic-value reference reads and writes.
+constexpr bool IsBasicCode(unsigned int code) noexcept { return code >= 11 && code <= 58; }
+/// What a container descriptor describes.
+constexpr bool IsContainerCode(unsigned int code) noexcept { return code >= 61 && code <= 98; }
+/// The containers whose elements are inserted, not placed.
+constexpr bool IsAssociativeCode(unsigned int code) noexcept { return code >= 81 && code <= 98; }
+
 /// The holding flags of a general descriptor: how a value is held at the place it is looked at.
 enum HoldingFlagsEnum : unsigned int {
     HF_KIND_MASK = 0x07,     ///< the bits that hold the wrapper kind

@@ -148,9 +148,9 @@ public:
     unsigned int WrapperKind() const noexcept { return HoldingFlags & Enum::HF_KIND_MASK; }
     /// Whether not even the null state may be changed: read-only, and no pointer, which may still be set to null.
     bool IsFixed() const noexcept { return Has(Enum::HF_CONST) && !Has(Enum::HF_POINTER); }
-    bool IsBasicType() const noexcept { return DataType >= 11 && DataType <= 58; }
-    bool IsContainer() const noexcept { return DataType >= 61 && DataType <= 98; }
-    bool IsAssociative() const noexcept { return DataType >= 81 && DataType <= 98; }
+    bool IsBasicType() const noexcept { return Enum::IsBasicCode(DataType); }
+    bool IsContainer() const noexcept { return Enum::IsContainerCode(DataType); }
+    bool IsAssociative() const noexcept { return Enum::IsAssociativeCode(DataType); }
 
     /// Where the value lives: through the stored pointer with HF_POINTER, else inside the MayNull wrapper, else at the
     /// holder. Does not look at the null state: ask IsNull first. \p holder must not be null.

@@ -73,8 +73,9 @@ constexpr CTypeRow FromDetail(TypeSource source)
 
 constexpr void SetContainerRows(std::array<CTypeRow, 256>& rows)
 {
-    for (unsigned code = 61; code <= 98; ++code)
-        rows[code] = FromDetail(TypeSource::UnnamedContainer);
+    for (unsigned code = 0; code < rows.size(); ++code) {
+        if (IsContainerCode(code)) rows[code] = FromDetail(TypeSource::UnnamedContainer);
+    }
     for (unsigned code : {DT_SEQUENCE_A, DT_SEQUENCE_B, DT_BITSET, DT_ARRAY, DT_SEQUENCE_C, DT_ASSOCIATIVE_A,
                           DT_ASSOCIATIVE_B, DT_ASSOCIATIVE_C, DT_ASSOCIATIVE_D, DT_ASSOCIATIVE_E}) {
         rows[code] = FromDetail(TypeSource::Container);

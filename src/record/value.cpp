@@ -14,9 +14,6 @@ using namespace Enum;
 
 namespace {
 
-/// The codes whose values lie in the storage without constructor or destructor.
-bool IsNumberBand(unsigned char code) { return code >= 10 && code <= 39; }
-
 /// What a value of a type becomes when its code is set.
 DataTypeEnum Normalised(DataTypeEnum type)
 {
@@ -29,7 +26,7 @@ DataTypeEnum Normalised(DataTypeEnum type)
     case DT_TM:
     case DT_DATETIME:
     case DT_NULL: return type;
-    default: return type >= 10 && type <= 39 ? type : DT_UNKNOWN;
+    default: return IsNumberCode(type) ? type : DT_UNKNOWN;
     }
 }
 
@@ -89,7 +86,7 @@ CValue& CValue::operator=(CValue&& other) noexcept
     std::memset(other.m_storage, 0, sizeof(long)); // as Release leaves it: a bool made there later must be one
     if (isNull) return *this;
     std::memcpy(&Address, m_storage, sizeof Address);
-    if (IsNumberBand(m_made) || m_made == DT_STD_STRING || m_made == DT_BINARY) Address = m_storage;
+    if (IsNumberCode(m_made) || m_made == DT_STD_STRING || m_made == DT_BINARY) Address = m_storage;
     return *this;
 }
 
@@ -99,7 +96,7 @@ void CValue::CopyContents(const CValue& other)
 {
     if (other.IsNull()) return;
     Make(other.m_made); // not by the type code, which an application may have made that of a custom type
-    if (IsNumberBand(m_made))
+    if (IsNumberCode(m_made))
         std::memcpy(m_storage, other.m_storage, STORAGE_SIZE);
     else
         CopyObject(other);
@@ -115,7 +112,7 @@ void CValue::CopyObject(const CValue& other)
 
 void CValue::Make(unsigned char code)
 {
-    if (IsNumberBand(code)) {
+    if (IsNumberCode(code)) {
         Address = m_storage;
         m_made = code;
     }
@@ -156,7 +153,7 @@ void CValue::SetNotNull()
     if (Address != nullptr) return;
     // What was made is out of reach, if the address was cleared through the reference; a number still lies in the
     // storage.
-    if (!IsNumberBand(m_made)) Release();
+    if (!IsNumberCode(m_made)) Release();
     Make(TypeInfor.DataType);
 }
 
@@ -182,7 +179,7 @@ bool CValue::CanStore(DataTypeEnum source) const
     const bool isText = source == DT_STD_STRING || source == DT_CONST_CHAR_PTR;
     if (isText) return target == DT_STD_STRING || target == DT_BINARY || target == DT_NUMERIC || target == DT_DATETIME;
     if (source == DT_TM || source == DT_DATETIME) return target == DT_TM || target == DT_DATETIME;
-    return IsNumberBand(static_cast<unsigned char>(source)) || source == target;
+    return IsNumberCode(static_cast<unsigned char>(source)) || source == target;
 }
 
 CValue& CValue::ReadFrom(const CValue& other)
@@ -191,7 +188,7 @@ CValue& CValue::ReadFrom(const CValue& other)
     ChangeValueTypeEnum(other.Type());
     if (other.IsNull()) {
         SetNull();
-    } else if (IsNumberBand(m_made)) {
+    } else if (IsNumberCode(m_made)) {
         std::memcpy(m_storage, other.m_storage, 8);
     } else if (m_made == other.m_made) {
         CopyObject(other);

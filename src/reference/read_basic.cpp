@@ -178,7 +178,7 @@ CBinary CStdBasicTypeConstRefrence::As_CBinary() const
     const void* const value = ValueAddress();
     if (value == nullptr) return CBinary(0);
     if (TypeInfor.DataType == DT_BINARY) return *static_cast<const CBinary*>(value);
-    if (TypeInfor.DataType >= 10 && TypeInfor.DataType <= 39) {
+    if (IsNumberCode(TypeInfor.DataType)) {
         CBinary bytes(0);
         bytes.CopyFrom(value, TypeInfor.Sizeof(), 0);
         return bytes;

@@ -58,7 +58,7 @@ bool CGnlTypeInfor::IsStringTypeEx() const
     }
 }
 
-bool CGnlTypeInfor::IsNumericTypeEx() const { return (DataType >= 10 && DataType <= 39) || DataType == DT_NUMERIC; }
+bool CGnlTypeInfor::IsNumericTypeEx() const { return IsNumberCode(DataType) || DataType == DT_NUMERIC; }
 
 const CGnlTypeInfor& CGnlTypeInfor::GetStdTypeInforFromCustomType() const
 {

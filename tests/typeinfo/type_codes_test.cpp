@@ -99,6 +99,13 @@ static_assert(sizeof(vexa::NullType) == 1 && sizeof(long) == 8 && sizeof(long do
               sizeof(std::string) == 32 && sizeof(const char*) == 8 && sizeof(tm) == 56);
 static_assert(sizeof(vexa::CBinary) == 16 && sizeof(vexa::CNumeric) == 72 && sizeof(vexa::CDateTime) == 16);
 
+// The bands reach from their first to their last code, assigned or not, and no further.
+static_assert(!IsNumberCode(9) && IsNumberCode(10) && IsNumberCode(20) && IsNumberCode(39) && !IsNumberCode(40));
+static_assert(!IsBasicCode(10) && IsBasicCode(11) && IsBasicCode(40) && IsBasicCode(58) && !IsBasicCode(59));
+static_assert(!IsContainerCode(60) && IsContainerCode(61) && IsContainerCode(98) && !IsContainerCode(99));
+static_assert(!IsAssociativeCode(80) && IsAssociativeCode(81) && IsAssociativeCode(98) && !IsAssociativeCode(99));
+static_assert(!IsNumberCode(256 + 14) && !IsBasicCode(256 + 14), "a code that no byte holds is in no band");
+
 class FixedCode : public testing::TestWithParam<CodeRow> {};
 
 TEST_P(FixedCode, HasItsNumberNameAndSize)
