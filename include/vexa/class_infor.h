@@ -3,6 +3,7 @@
 
 #include <list>
 #include <map>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -94,6 +95,8 @@ public:
     CClassInfor(const CClassInfor&) = delete;
     CClassInfor& operator=(const CClassInfor&) = delete;
     ~CClassInfor();
+    /// Registration puts more behind the public fields than a caller knows the size of.
+    static void operator delete(void* descriptor) { ::operator delete(descriptor); }
 
     /// Registers a class: builds its descriptor at most once, under the global lock, and stores it in \p slot.
     ///

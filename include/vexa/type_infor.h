@@ -35,15 +35,18 @@ public:
         1; ///< made by a class registration, complete, with room for a plan behind it
     static constexpr std::uint32_t VECTOR = 2; ///< the container is a std::vector with the standard allocator
     static constexpr std::uint32_t SLOTS = 4;  ///< the container's elements lie in itself, from its start to its end
+    static constexpr std::uint32_t CONTAINER =
+        8; ///< made by the description layer, all operations its own, with room for a plan behind it
 
     constexpr CFinishedMark() noexcept = default;
     constexpr CFinishedMark(const CFinishedMark&) noexcept {}
     constexpr CFinishedMark& operator=(const CFinishedMark&) noexcept { return *this; }
 
+    /// Adds a form to those that are set.
     void Set(std::uint32_t form, unsigned long stride = 0) noexcept
     {
         if (stride > MAX_STRIDE) return;
-        __atomic_store_n(&m_bits, form | static_cast<std::uint32_t>(stride) << STRIDE_SHIFT, __ATOMIC_RELEASE);
+        __atomic_fetch_or(&m_bits, form | static_cast<std::uint32_t>(stride) << STRIDE_SHIFT, __ATOMIC_RELEASE);
     }
     bool Is(std::uint32_t form) const noexcept { return (Load() & form) != 0; }
     /// Bytes from one element of a marked container to the next.

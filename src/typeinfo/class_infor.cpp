@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "typeinfo/kept_selectors.h"
+#include "typeinfo/plan.h"
 
 namespace vexa {
 
@@ -22,6 +23,7 @@ CAttribInfor& CAttribInfor::operator=(const CAttribInfor& other)
 CClassInfor::~CClassInfor()
 {
     typeinfo::DropKeptSelectors(*this);
+    typeinfo::ReleasePlan(*this);
     delete IDMap;
     delete UnionEnumMap;
 }

@@ -12,6 +12,7 @@
 
 #include <vexa/helper.h>
 
+#include "typeinfo/finished_class.h"
 #include "typeinfo/kept_selectors.h"
 #include "typeinfo/registration.h"
 
@@ -93,9 +94,10 @@ const CContainerInfor* Build(CContainerSlot& slot)
 {
     typeinfo::EnterRegistration();
     if (slot.Descriptor == nullptr) {
-        slot.Descriptor = new CContainerInfor();
+        slot.Descriptor = new typeinfo::CFinishedContainer();
         slot.Describe(*slot.Descriptor);
         slot.Descriptor->ElementType = slot.ElementType();
+        slot.Descriptor->Mark.Set(CFinishedMark::CONTAINER);
         Announce(slot, slot.Descriptor);
     }
     typeinfo::LeaveRegistration();

@@ -4,10 +4,12 @@
 #include <atomic>
 
 #include <vexa/class_infor.h>
+#include <vexa/container_infor.h>
 
 namespace vexa::typeinfo {
 
 class CPlan;
+class CContainerPlan;
 
 /// A class descriptor as registration makes it: with room behind the public fields for the plan by which its objects
 /// are walked fast. The plan is made at the first use, published once, and lives as long as the descriptor.
@@ -15,10 +17,20 @@ struct CFinishedClass : CClassInfor {
     mutable std::atomic<const CPlan*> Plan{nullptr};
 };
 
+/// A container descriptor as the description layer makes it, with the same room.
+struct CFinishedContainer : CContainerInfor {
+    mutable std::atomic<const CContainerPlan*> Plan{nullptr};
+};
+
 /// The descriptor with its room for a plan, or null for one that no registration has finished.
 inline const CFinishedClass* FinishedClass(const CClassInfor& infor) noexcept
 {
     return infor.Mark.Is(detail::CFinishedMark::CLASS) ? static_cast<const CFinishedClass*>(&infor) : nullptr;
+}
+
+inline const CFinishedContainer* FinishedContainer(const CContainerInfor& infor) noexcept
+{
+    return infor.Mark.Is(detail::CFinishedMark::CONTAINER) ? static_cast<const CFinishedContainer*>(&infor) : nullptr;
 }
 
 } // namespace vexa::typeinfo
