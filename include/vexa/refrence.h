@@ -1,12 +1,14 @@
 #ifndef VEXA_REFRENCE_H
 #define VEXA_REFRENCE_H
 
+#include <cstring>
 #include <ctime>
 #include <string>
 
 #include <vexa/binary.h>
 #include <vexa/data_type.h>
 #include <vexa/date_time.h>
+#include <vexa/detail/basic_code.h>
 #include <vexa/export.h>
 #include <vexa/numeric.h>
 #include <vexa/type_infor.h>
@@ -90,20 +92,20 @@ class VEXA_API CStdBasicTypeConstRefrence : public CConstRefrence {
 public:
     using CConstRefrence::CConstRefrence;
 
-    bool As_bool() const; ///< of a text: whether it is exactly "true"
-    char As_char() const; ///< an unsigned byte
-    short As_short() const;
-    int As_int() const;
-    long As_long() const;           ///< of a text: its leading decimal digits
-    long long As_long_long() const; ///< of a text: its leading floating number, cut
-    unsigned char As_unsigned_char() const;
-    unsigned short As_unsigned_short() const;
-    unsigned int As_unsigned_int() const;
-    unsigned long As_unsigned_long() const;
-    unsigned long long As_unsigned_long_long() const;
-    float As_float() const;
-    double As_double() const;
-    long double As_long_double() const; ///< of a text: its leading decimal digits only
+    bool As_bool() const { return As<bool>(); } ///< of a text: whether it is exactly "true"
+    char As_char() const { return As<char>(); } ///< an unsigned byte
+    short As_short() const { return As<short>(); }
+    int As_int() const { return As<int>(); }
+    long As_long() const { return As<long>(); }                ///< of a text: its leading decimal digits
+    long long As_long_long() const { return As<long long>(); } ///< of a text: its leading floating number, cut
+    unsigned char As_unsigned_char() const { return As<unsigned char>(); }
+    unsigned short As_unsigned_short() const { return As<unsigned short>(); }
+    unsigned int As_unsigned_int() const { return As<unsigned int>(); }
+    unsigned long As_unsigned_long() const { return As<unsigned long>(); }
+    unsigned long long As_unsigned_long_long() const { return As<unsigned long long>(); }
+    float As_float() const { return As<float>(); }
+    double As_double() const { return As<double>(); }
+    long double As_long_double() const { return As<long double>(); } ///< of a text: its leading decimal digits only
 
     operator bool() const { return As_bool(); }
     operator short() const { return As_short(); }
@@ -171,6 +173,23 @@ public:
     /// Appends the value's text to \p out. Throws std::length_error or std::bad_alloc, \p out then keeps what came
     /// before.
     void AppendToString(std::string& out, bool escape) const;
+
+private:
+    /// A value of the target's own type that lies at the address as it is, which most are, is loaded right here; by its
+    /// bytes, since the application may have stored an enumeration there, whose type is another.
+    template<class T>
+    T As() const
+    {
+        constexpr unsigned int CODE = detail::BASIC_CODE<T>;
+        const unsigned int otherwiseHeld = TypeInfor.HoldingFlags & ~static_cast<unsigned int>(Enum::HF_CONST);
+        if (((TypeInfor.DataType ^ CODE) | otherwiseHeld) != 0 || Address == nullptr) return Convert<T>();
+        T value;
+        std::memcpy(&value, Address, sizeof value);
+        return value;
+    }
+    /// The value, whatever it is. Instantiated in the library for each T of the getters.
+    template<class T>
+    T Convert() const;
 };
 
 /// A writable reference to a basic value.

@@ -1,6 +1,5 @@
 // Reading a basic value as any basic type.
 
-#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 
@@ -8,8 +7,8 @@
 #include <vexa/refrence.h>
 
 #include "core/basic_types.h"
-#include "core/bounded.h"
 #include "core/c_locale.h"
+#include "core/type_table.h"
 #include "reference/convert_number.h"
 
 namespace vexa {
@@ -18,10 +17,10 @@ using namespace Enum;
 
 namespace {
 
-void LogNotConvertible(const CConstRefrence& source, const char* target)
+void LogNotConvertible(const CConstRefrence& source, DataTypeEnum target)
 {
     helper::LogError("%s type CStdBasicTypeConstRefrence can not be converted to %s", source.TypeName().c_str(),
-                     target);
+                     core::TypeRow(static_cast<unsigned char>(target)).Name);
 }
 
 /// How a text becomes a number. long long goes through a floating number and long double through an integer, so that a
@@ -49,8 +48,9 @@ Target ParseText(const char* text, std::size_t length)
     }
 }
 
+/// \param targetCode tells char, whose values are those of an unsigned byte, from unsigned char in the log.
 template<class Target>
-Target ReadNumber(const CConstRefrence& source, const char* targetName)
+Target ReadNumber(const CConstRefrence& source, DataTypeEnum targetCode)
 {
     const void* const value = source.ValueAddress();
     if (value == nullptr) return Target();
@@ -74,63 +74,47 @@ Target ReadNumber(const CConstRefrence& source, const char* targetName)
             isConvertible = false;
         }
     });
-    if (!isConvertible) LogNotConvertible(source, targetName);
+    if (!isConvertible) LogNotConvertible(source, targetCode);
     return result;
 }
 
 /// The stored object of one type, or the shared neutral one.
 template<class T>
-const T& StoredObject(const CConstRefrence& source, DataTypeEnum code, const char* targetName)
+const T& StoredObject(const CConstRefrence& source)
 {
+    constexpr DataTypeEnum CODE = detail::BASIC_CODE<T>;
     static const T neutral{};
     if (source.IsNull()) return neutral;
     const void* const value = source.ValueAddress();
-    if (source.TypeInfor.DataType == code) return value != nullptr ? *static_cast<const T*>(value) : neutral;
-    LogNotConvertible(source, targetName);
+    if (source.TypeInfor.DataType == CODE) return value != nullptr ? *static_cast<const T*>(value) : neutral;
+    LogNotConvertible(source, CODE);
     return neutral;
-}
-
-__attribute__((format(printf, 1, 2))) std::string FormatShort(const char* format, ...)
-{
-    char buffer[64] = {};
-    std::va_list arguments;
-    va_start(arguments, format);
-    core::vsprintf_s(buffer, sizeof buffer, format, arguments);
-    va_end(arguments);
-    return buffer;
 }
 
 } // namespace
 
-bool CStdBasicTypeConstRefrence::As_bool() const { return ReadNumber<bool>(*this, "bool"); }
-char CStdBasicTypeConstRefrence::As_char() const { return static_cast<char>(ReadNumber<unsigned char>(*this, "char")); }
-short CStdBasicTypeConstRefrence::As_short() const { return ReadNumber<short>(*this, "short"); }
-int CStdBasicTypeConstRefrence::As_int() const { return ReadNumber<int>(*this, "int"); }
-long CStdBasicTypeConstRefrence::As_long() const { return ReadNumber<long>(*this, "long"); }
-long long CStdBasicTypeConstRefrence::As_long_long() const { return ReadNumber<long long>(*this, "long long"); }
-unsigned char CStdBasicTypeConstRefrence::As_unsigned_char() const
+template<class T>
+T CStdBasicTypeConstRefrence::Convert() const
 {
-    return ReadNumber<unsigned char>(*this, "unsigned char");
+    if constexpr (std::is_same_v<T, char>)
+        return static_cast<char>(ReadNumber<unsigned char>(*this, DT_CHAR));
+    else
+        return ReadNumber<T>(*this, detail::BASIC_CODE<T>);
 }
-unsigned short CStdBasicTypeConstRefrence::As_unsigned_short() const
-{
-    return ReadNumber<unsigned short>(*this, "unsigned short");
-}
-unsigned int CStdBasicTypeConstRefrence::As_unsigned_int() const
-{
-    return ReadNumber<unsigned int>(*this, "unsigned int");
-}
-unsigned long CStdBasicTypeConstRefrence::As_unsigned_long() const
-{
-    return ReadNumber<unsigned long>(*this, "unsigned long");
-}
-unsigned long long CStdBasicTypeConstRefrence::As_unsigned_long_long() const
-{
-    return ReadNumber<unsigned long long>(*this, "unsigned long long");
-}
-float CStdBasicTypeConstRefrence::As_float() const { return ReadNumber<float>(*this, "float"); }
-double CStdBasicTypeConstRefrence::As_double() const { return ReadNumber<double>(*this, "double"); }
-long double CStdBasicTypeConstRefrence::As_long_double() const { return ReadNumber<long double>(*this, "long double"); }
+template VEXA_API bool CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API char CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API short CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API int CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API long CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API long long CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API unsigned char CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API unsigned short CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API unsigned int CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API unsigned long CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API unsigned long long CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API float CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API double CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API long double CStdBasicTypeConstRefrence::Convert() const;
 
 const char* CStdBasicTypeConstRefrence::As_const_char_ptr() const
 {
@@ -139,27 +123,15 @@ const char* CStdBasicTypeConstRefrence::As_const_char_ptr() const
     switch (TypeInfor.DataType) {
     case DT_STD_STRING: return value != nullptr ? static_cast<const std::string*>(value)->c_str() : "";
     case DT_CONST_CHAR_PTR: return value != nullptr ? static_cast<const char*>(value) : "";
-    default: LogNotConvertible(*this, "const char*"); return "";
+    default: LogNotConvertible(*this, DT_CONST_CHAR_PTR); return "";
     }
 }
 
-const std::string& CStdBasicTypeConstRefrence::As_std_string_ref() const
-{
-    return StoredObject<std::string>(*this, DT_STD_STRING, "std::string");
-}
-const tm& CStdBasicTypeConstRefrence::As_tm_ref() const { return StoredObject<tm>(*this, DT_TM, "tm"); }
-const CBinary& CStdBasicTypeConstRefrence::As_CBinary_ref() const
-{
-    return StoredObject<CBinary>(*this, DT_BINARY, "vexa::CBinary");
-}
-const CDateTime& CStdBasicTypeConstRefrence::As_CDateTime_ref() const
-{
-    return StoredObject<CDateTime>(*this, DT_DATETIME, "vexa::CDateTime");
-}
-const CNumeric& CStdBasicTypeConstRefrence::As_CNumeric_ref() const
-{
-    return StoredObject<CNumeric>(*this, DT_NUMERIC, "vexa::CNumeric");
-}
+const std::string& CStdBasicTypeConstRefrence::As_std_string_ref() const { return StoredObject<std::string>(*this); }
+const tm& CStdBasicTypeConstRefrence::As_tm_ref() const { return StoredObject<tm>(*this); }
+const CBinary& CStdBasicTypeConstRefrence::As_CBinary_ref() const { return StoredObject<CBinary>(*this); }
+const CDateTime& CStdBasicTypeConstRefrence::As_CDateTime_ref() const { return StoredObject<CDateTime>(*this); }
+const CNumeric& CStdBasicTypeConstRefrence::As_CNumeric_ref() const { return StoredObject<CNumeric>(*this); }
 
 std::string CStdBasicTypeConstRefrence::As_std_string() const
 {
@@ -211,7 +183,7 @@ CNumeric CStdBasicTypeConstRefrence::As_CNumeric() const
     switch (TypeInfor.DataType) {
     case DT_NUMERIC: return *static_cast<const CNumeric*>(value);
     case DT_BOOL: return CNumeric(std::string(core::Load<bool>(value) ? "1" : "0"));
-    case DT_CHAR: return CNumeric(FormatShort("%d", core::Load<unsigned char>(value)));
+    case DT_CHAR: return CNumeric(static_cast<int>(core::Load<unsigned char>(value)));
     default: return CNumeric(As_std_string());
     }
 }
