@@ -178,9 +178,11 @@ public:
     {
         if (holder == nullptr || DataType == Enum::DT_NULL) return true;
         if (DataType == Enum::DT_VALUE) return IsNullValue(holder);
-        if (!Has(Enum::HF_NULLABLE)) return false;
-        if (Has(Enum::HF_POINTER)) return ValueAddress(holder) == nullptr;
-        return WrapperKind() == Enum::HF_MAY_NULL && static_cast<const unsigned char*>(holder)[NullFlagOffset] != 0;
+        switch (KeeperOfNull()) {
+        case NullKeeper::Pointer: return ValueAddress(holder) == nullptr;
+        case NullKeeper::Flag: return static_cast<const unsigned char*>(holder)[NullFlagOffset] != 0;
+        default: return false;
+        }
     }
     /// Bytes of one value (not of its holder); 0 for a type without size.
     unsigned long Sizeof() const;
@@ -215,6 +217,16 @@ public:
                                  unsigned int customTypeID);
 
 private:
+    /// What keeps the null state of a value. Every operation on the null state goes by it.
+    enum class NullKeeper : unsigned char { Nothing, Pointer, Value, Flag };
+    NullKeeper KeeperOfNull() const noexcept
+    {
+        const bool isNullable = Has(Enum::HF_NULLABLE);
+        if (Has(Enum::HF_POINTER))
+            return isNullable || DataType == Enum::DT_VALUE ? NullKeeper::Pointer : NullKeeper::Nothing;
+        if (DataType == Enum::DT_VALUE) return NullKeeper::Value;
+        return isNullable && WrapperKind() == Enum::HF_MAY_NULL ? NullKeeper::Flag : NullKeeper::Nothing;
+    }
     bool OwnsDetail() const noexcept { return DataType == Enum::DT_CUSTOM_OWNED && DetailInfor != nullptr; }
     static bool IsNullValue(const void* value);
     /// A descriptor that has been moved from is that of no type.

@@ -146,6 +146,7 @@ private:
     bool CanStore(Enum::DataTypeEnum source) const;
     std::size_t OwnBytesFrom(const char* data) const; // how many bytes of a text of its own begin there
     void Make(unsigned char code);
+    void* Made(); // where what has been made lies: in the storage or on the heap
     void Release();
     void CopyContents(const CValue& other);
     void CopyObject(const CValue& other);

@@ -74,19 +74,16 @@ CValue& CValue::operator=(CValue&& other) noexcept
     } else {
         TypeInfor = CGnlTypeInfor(other.Type());
     }
-    m_made = std::exchange(other.m_made, static_cast<unsigned char>(DT_UNKNOWN));
-    const bool isNull = std::exchange(other.Address, nullptr) == nullptr;
+    const bool isNull = other.IsNull();
+    m_made = other.m_made;
     if (m_made == DT_STD_STRING) {
-        auto* const text = reinterpret_cast<std::string*>(other.m_storage);
-        new (m_storage) std::string(std::move(*text));
-        text->~basic_string();
+        new (m_storage) std::string(std::move(*static_cast<std::string*>(other.Made())));
     } else {
         std::memcpy(m_storage, other.m_storage, STORAGE_SIZE); // numbers, a CBinary's two fields, or a pointer
+        other.m_made = DT_UNKNOWN;                             // which now belongs to this value
     }
-    std::memset(other.m_storage, 0, sizeof(long)); // as Release leaves it: a bool made there later must be one
-    if (isNull) return *this;
-    std::memcpy(&Address, m_storage, sizeof Address);
-    if (IsNumberCode(m_made) || m_made == DT_STD_STRING || m_made == DT_BINARY) Address = m_storage;
+    Address = isNull ? nullptr : Made();
+    other.Release();
     return *this;
 }
 
@@ -129,19 +126,26 @@ void CValue::Make(unsigned char code)
     });
 }
 
+void* CValue::Made()
+{
+    void* made = m_storage;
+    VisitObject(m_made, [&](auto type) {
+        if constexpr (!LiesInStorage<typename decltype(type)::Type>()) std::memcpy(&made, m_storage, sizeof made);
+    });
+    return made;
+}
+
 void CValue::Release()
 {
-    VisitObject(m_made, [&](auto type) {
+    VisitObject(m_made, [this](auto type) {
         using T = typename decltype(type)::Type;
-        if constexpr (LiesInStorage<T>()) {
-            std::launder(reinterpret_cast<T*>(m_storage))->~T();
-        } else {
-            void* object = nullptr;
-            std::memcpy(&object, m_storage, sizeof object);
-            delete static_cast<T*>(object);
-        }
+        auto* const object = static_cast<T*>(Made());
+        if constexpr (LiesInStorage<T>())
+            std::launder(object)->~T();
+        else
+            delete object;
     });
-    if (m_made != DT_UNKNOWN) std::memset(m_storage, 0, sizeof(long));
+    std::memset(m_storage, 0, sizeof(long)); // a bool that is made here later must be one
     m_made = DT_UNKNOWN;
     Address = nullptr;
 }

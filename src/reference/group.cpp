@@ -3,6 +3,7 @@
 #include <vexa/class_refrence.h>
 
 #include "core/record_life.h"
+#include "reference/clearing.h"
 
 namespace vexa {
 
@@ -117,41 +118,11 @@ bool CGnlClass::FindAttribByIndex(CConstRefrence& out, unsigned long index) cons
 
 namespace vexa::core {
 
-namespace {
-
-/// The generic classes that are being cleared on this thread, the innermost first: one that leads back to itself would
-/// be cleared for ever.
-class CClearing {
-public:
-    explicit CClearing(const void* record) : m_record(record), m_outer(t_innermost) { t_innermost = this; }
-    CClearing(const CClearing&) = delete;
-    CClearing& operator=(const CClearing&) = delete;
-    ~CClearing() { t_innermost = m_outer; }
-
-    bool IsInsideItself() const
-    {
-        const CClearing* outer = m_outer;
-        while (outer != nullptr && outer->m_record != m_record)
-            outer = outer->m_outer;
-        return outer != nullptr;
-    }
-
-private:
-    static thread_local const CClearing* t_innermost;
-
-    const void* m_record;
-    const CClearing* m_outer;
-};
-
-thread_local const CClearing* CClearing::t_innermost = nullptr;
-
-} // namespace
-
 /// The names stay, and each value is cleared.
 template<>
 void ClearRecord<CGnlClass>(void* record)
 {
-    const CClearing clearing(record);
+    const reference::CClearing clearing(record);
     if (clearing.IsInsideItself()) return;
     for (auto& [name, ref] : static_cast<CGnlClass*>(record)->Named)
         CRefrence(ref.TypeInfor, ref.Address).Clear();

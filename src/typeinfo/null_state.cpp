@@ -13,26 +13,11 @@ using core::TypeRow;
 
 namespace {
 
-void* StoredPointer(const void* holder)
-{
-    void* pointer = nullptr;
-    std::memcpy(&pointer, holder, sizeof pointer);
-    return pointer;
-}
-
 void StorePointer(void* holder, void* pointer) { std::memcpy(holder, &pointer, sizeof pointer); }
 
-/// Whether the null state is that of a pointer variable. A value that keeps its own state can be nulled through a
-/// pointer even if it is not marked nullable.
-bool IsNullablePointer(const CGnlTypeInfor& type)
+unsigned char& NullFlag(const CGnlTypeInfor& type, void* holder)
 {
-    return type.Has(HF_POINTER) && (type.Has(HF_NULLABLE) || type.DataType == DT_VALUE);
-}
-
-unsigned char* NullFlag(const CGnlTypeInfor& type, void* holder)
-{
-    const bool hasFlag = type.Has(HF_NULLABLE) && type.WrapperKind() == HF_MAY_NULL;
-    return hasFlag ? static_cast<unsigned char*>(holder) + type.NullFlagOffset : nullptr;
+    return static_cast<unsigned char*>(holder)[type.NullFlagOffset];
 }
 
 } // namespace
@@ -42,36 +27,33 @@ bool CGnlTypeInfor::IsNullValue(const void* value) { return TypeRow(DT_VALUE).Is
 void CGnlTypeInfor::SetNull(void* holder) const
 {
     if (holder == nullptr || DataType == DT_NULL) return;
-    if (IsNullablePointer(*this)) {
-        void* pointee = StoredPointer(holder);
+    switch (KeeperOfNull()) {
+    case NullKeeper::Pointer: {
+        void* pointee = ValueAddress(holder);
         if (pointee != nullptr && !Has(HF_CONST)) Delete(pointee);
         StorePointer(holder, nullptr);
-    } else if (Has(HF_POINTER)) {
-        return;
-    } else if (auto* const setNull = TypeRow(DataType).SetNull) {
-        setNull(holder);
-    } else if (unsigned char* const flag = NullFlag(*this, holder)) {
-        *flag = HF_MAY_NULL;
+        break;
+    }
+    case NullKeeper::Value: TypeRow(DataType).SetNull(holder); break;
+    case NullKeeper::Flag: NullFlag(*this, holder) = HF_MAY_NULL; break;
+    case NullKeeper::Nothing: break;
     }
 }
 
 void CGnlTypeInfor::SetNotNull(void* holder) const
 {
     if (holder == nullptr || DataType == DT_NULL) return;
-    if (IsNullablePointer(*this)) {
-        NewIfNullPointer(holder);
-    } else if (Has(HF_POINTER)) {
-        return;
-    } else if (auto* const setNotNull = TypeRow(DataType).SetNotNull) {
-        setNotNull(holder);
-    } else if (unsigned char* const flag = NullFlag(*this, holder)) {
-        *flag = 0;
+    switch (KeeperOfNull()) {
+    case NullKeeper::Pointer: NewIfNullPointer(holder); break;
+    case NullKeeper::Value: TypeRow(DataType).SetNotNull(holder); break;
+    case NullKeeper::Flag: NullFlag(*this, holder) = 0; break;
+    case NullKeeper::Nothing: break;
     }
 }
 
 void CGnlTypeInfor::NewIfNullPointer(void* holder) const
 {
-    if (holder == nullptr || !Has(HF_POINTER) || Has(HF_CONST) || StoredPointer(holder) != nullptr) return;
+    if (holder == nullptr || !Has(HF_POINTER) || Has(HF_CONST) || ValueAddress(holder) != nullptr) return;
     StorePointer(holder, New());
 }
 
