@@ -38,11 +38,12 @@
     }                                                                                                                  \
     inline void VexaDescribe([[maybe_unused]] ::vexa::CDescription<Type>& about)
 
-/// Describes a type that wraps one value of a basic type, \p member, as a basic type of its own.
+/// Describes a type that wraps one value of a basic type, \p member, as a basic type of its own. The member, given as
+/// `&Type::member`, lies within the first 32,767 bytes.
 #define VEXA_DESCRIBE_CUSTOM_STD(Type, member)                                                                         \
     inline void VexaDescribeCustom(::vexa::detail::CCustomTag<Type>, ::vexa::CCustomBasicTypeInfor*& descriptor)       \
     {                                                                                                                  \
-        ::vexa::detail::DescribeStd<Type>(descriptor, #Type, member);                                                  \
+        ::vexa::detail::DescribeStd<Type, (member)>(descriptor, #Type, member);                                        \
     }
 
 /// Describes a type that converts itself to and from a vexa::CValue as a basic type of its own, with a number of the

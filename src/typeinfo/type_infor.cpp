@@ -52,7 +52,7 @@ bool CGnlTypeInfor::IsStringTypeEx() const
     case DT_CUSTOM_BASIC: return GetStdTypeInforFromCustomType().DataType == DT_STD_STRING;
     case DT_ARRAY: {
         const CGnlTypeInfor& element = static_cast<const CContainerInfor*>(DetailInfor)->ElementType;
-        return element.DataType == DT_CHAR && !element.Has(HF_POINTER);
+        return element.DataType == DT_CHAR && !element.Has(HF_POINTER) && element.WrapperKind() == 0;
     }
     default: return false;
     }

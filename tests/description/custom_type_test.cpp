@@ -37,6 +37,14 @@ struct Price {
 };
 VEXA_DESCRIBE_CUSTOM_STD(Price, &Price::amount)
 
+/// Std over a value that lies almost as far into the object as a value offset reaches, in a class that is larger.
+struct Sheet {
+    char padding[32764] = {};
+    int value = 3;
+    char more[1000] = {};
+};
+VEXA_DESCRIBE_CUSTOM_STD(Sheet, &Sheet::value)
+
 /// Any with members that convert.
 struct Money {
     long cents = 0;
@@ -144,6 +152,31 @@ TEST(CustomType, OfTheStdVariantIsDescribedByItsMember)
     EXPECT_EQ(TypeText(CustomOf(type).Underlying), "std::string, 41, 0x00");
     EXPECT_TRUE(type.IsStringTypeEx());
     EXPECT_EQ(TypeText(CustomOf(TypeInforOf<Price>()).Underlying), "vexa::CNumeric, 47, 0x00");
+}
+
+/// What the converters make of an object: its text, then that after it has been set from \p in, then after a null.
+template<class T>
+std::string ThroughConverters(T object, const vexa::CValue& in)
+{
+    const vexa::CCustomBasicTypeInfor& infor = CustomOf(TypeInforOf<T>());
+    std::string texts = infor.AsString(&object);
+    infor.FromValue(&object, in);
+    texts += '|' + infor.AsString(&object);
+    infor.FromValue(&object, vexa::CValue());
+    return texts + '|' + infor.AsString(&object);
+}
+
+TEST(CustomType, OfTheStdVariantHasConverters)
+{
+    EXPECT_EQ(ThroughConverters(Tag{-1, "old"}, "new"), "old|new|");
+    EXPECT_EQ(ThroughConverters(Tag{-1, "old"}, 17), "old|17|");
+    EXPECT_EQ(ThroughConverters(Meters{12}, std::string("13")), "12|13|0");
+    EXPECT_EQ(ThroughConverters(Price{'E', vexa::CNumeric("9.90")}, 2.5), "9.90|2.500000|(null)");
+    EXPECT_EQ(ThroughConverters(Sheet(), 4), "3|4|0");
+    vexa::CValue out;
+    const Meters meters{12};
+    CustomOf(TypeInforOf<Meters>()).ToValue(&meters, out);
+    EXPECT_EQ(out.Type(), DT_INT);
 }
 
 TEST(CustomType, OfTheAnyVariantIsDescribedByItsIDAndConverters)

@@ -126,6 +126,25 @@ TEST(PointerElements, OfASetOfUniquePointers)
     ExpectReadsAndFrees<std::set<std::unique_ptr<Counted>>>(R"([{"x":1}])", 1, R"([{"x":1}])");
 }
 
+/// Orders what the pointers designate, so that a second one of a value is refused.
+struct ByValue {
+    template<class Pointer>
+    bool operator()(const Pointer& left, const Pointer& right) const
+    {
+        return left->x < right->x;
+    }
+};
+
+TEST(PointerElements, OfASetThatRefusesADuplicate)
+{
+    constexpr char TWICE[] = R"([{"x":1},{"x":1},{"x":2},{"x":2}])";
+    ExpectReadsAndFrees<std::set<vexa::NonNullPointer<Counted>, ByValue>>(TWICE, 2, TWO);
+    ExpectReadsAndFrees<std::set<std::unique_ptr<Counted>, ByValue>>(TWICE, 2, TWO);
+    ExpectReadsAndFrees<std::set<Counted*, ByValue>>(TWICE, 2, TWO);
+    ExpectReadsAndFrees<std::map<int, vexa::NonNullPointer<Counted>>>(TWO_UNDER_ONE_KEY, 1, ONE_OF_TWO);
+    ExpectReadsAndFrees<std::multiset<vexa::NonNullPointer<Counted>, ByValue>>(TWICE, 4, TWICE);
+}
+
 TEST(PointerElements, OfAMapByKey)
 {
     ExpectReadsAndFrees<std::map<int, Counted*>>(TWO_UNDER_ONE_KEY, 1, ONE_OF_TWO);

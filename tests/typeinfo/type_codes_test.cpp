@@ -234,7 +234,7 @@ TEST(TypeCodes, AnArrayIsAStringTypeOverDirectlyHeldCharOnly)
     array.ElementType = Plain(DT_CHAR);
     EXPECT_TRUE(type.IsStringTypeEx());
     for (const CGnlTypeInfor& element : {vexa_test::OwnedPointer(DT_CHAR), vexa_test::ConstPointer(DT_CHAR),
-                                         Plain(DT_UNSIGNED_CHAR), Plain(DT_INT), Plain(DT_STD_STRING)}) {
+                                         vexa_test::MayNull<char>(DT_CHAR), Plain(DT_UNSIGNED_CHAR), Plain(DT_INT), Plain(DT_STD_STRING)}) {
         array.ElementType = element;
         EXPECT_FALSE(type.IsStringTypeEx()) << element.TypeName();
     }

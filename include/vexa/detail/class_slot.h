@@ -2,6 +2,7 @@
 #define VEXA_DETAIL_CLASS_SLOT_H
 
 #include <vexa/detail/class_description.h>
+#include <vexa/value.h>
 
 /// \file
 /// The slots of classes and containers: what each type contributes to its descriptor.
@@ -105,15 +106,71 @@ const CTypeInforBase* CustomDetail()
     return &DescriptorOf<CCustomBasicTypeInfor>(CUSTOM_SLOT<T>);
 }
 
-/// A custom type that wraps the standard value \p member.
-template<class T, class M, class C>
+/// Tells at compile time whether a member lies too far into its class for the 16-bit value offset of a custom type: it
+/// is compared with one that lies just beyond.
+template<class Class, class Member>
+union CFarProbe {
+    static constexpr std::size_t LIMIT = 0x8000;
+    struct CBeyond {
+        char Before[LIMIT];
+        Member First;
+    };
+
+    Class Object;
+    CBeyond Beyond;
+    ~CFarProbe() {}
+};
+template<class Class, class Member>
+extern CFarProbe<Class, Member> FAR_PROBE; // only its addresses are spoken of
+
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wundefined-var-template"
+#endif
+template<auto MEMBER, class Class, class M>
+constexpr bool IsFarMember()
+{
+    using Probe = CFarProbe<Class, M>;
+    if constexpr (sizeof(Class) <= Probe::LIMIT)
+        return false;
+    else
+        return !(std::addressof(FAR_PROBE<Class, M>.Object.*MEMBER) < std::addressof(FAR_PROBE<Class, M>.Beyond.First));
+}
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
+
+/// Sets a basic value to what a tagged one gives as its type; a null gives the empty state.
+template<class M>
+void SetFromValue(M& basic, const CValue& in)
+{
+    if (in.IsNull())
+        basic = M();
+    else if constexpr (std::is_same_v<M, std::string>)
+        basic = in.As_std_string();
+    else if constexpr (std::is_same_v<M, long double>)
+        basic = in.As_long_double();
+    else
+        in.WriteTo(basic);
+}
+
+/// A custom type that wraps the standard value \p MEMBER.
+template<class T, auto MEMBER, class M, class C>
 void DescribeStd(CCustomBasicTypeInfor*& descriptor, const char* name, M C::*member)
 {
-    constexpr CTypeSource SOURCE = TYPE_SOURCE<M>;
-    static_assert(BASIC_CODE<M> != Enum::DT_UNKNOWN,
-                  "a custom type can wrap a plain value of a basic type only: use VEXA_DESCRIBE_CUSTOM_ANY");
-    CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(descriptor, name, sizeof(T), &MakeObject<T>, &DestroyObject<T>,
-                                                       MakeTypeInfor(SOURCE), OffsetOf<M, T>(member));
+    constexpr bool IS_BASIC = BASIC_CODE<M> != Enum::DT_UNKNOWN;
+    constexpr bool IS_FAR = IsFarMember<MEMBER, T, M>();
+    static_assert(IS_BASIC, "a custom type can wrap a plain value of a basic type only: use VEXA_DESCRIBE_CUSTOM_ANY");
+    static_assert(!IS_FAR, "a custom type cannot wrap a member more than 32767 bytes into the object: move the member "
+                           "towards the start or use VEXA_DESCRIBE_CUSTOM_ANY");
+    if constexpr (IS_BASIC && !IS_FAR) {
+        CCustomBasicTypeInfor* made = nullptr;
+        CCustomBasicTypeInfor::InitCustomStdBasicTypeInfor(made, name, sizeof(T), &MakeObject<T>, &DestroyObject<T>,
+                                                           CGnlTypeInfor(BASIC_CODE<M>), OffsetOf<M, T>(member));
+        made->ToValue = [](const void* value, CValue& out) { out = static_cast<const T*>(value)->*MEMBER; };
+        made->FromValue = [](void* value, const CValue& in) { SetFromValue(static_cast<T*>(value)->*MEMBER, in); };
+        descriptor = made;
+    }
 }
 
 /// Members of this name, or else functions of the type's namespace.

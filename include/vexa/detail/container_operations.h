@@ -138,8 +138,8 @@ struct CAssociativeOperations {
             filled.insert(std::move(taken));
         if constexpr (HOLDS_RAW_POINTERS<Element>)
             Forget(taken);
-        else if constexpr (IS_UNIQUE_POINTER<Element>)
-            taken.reset();
+        else if constexpr (IS_UNIQUE_POINTER<Element> || IS_SPECIALIZATION<Element, NonNullPointer>)
+            taken = Element();
     }
     static const auto& KeyOf(const Element& element)
     {

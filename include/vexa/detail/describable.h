@@ -90,12 +90,15 @@ constexpr bool IsDescribable()
     constexpr bool IS_POINTER = (CHolding<T>::FLAGS & Enum::HF_POINTER) != 0;
     constexpr bool IS_VALUE_POINTER = IS_POINTER && std::is_same_v<Value, CValue>;
     constexpr bool IS_MAY_NULL = IS_SPECIALIZATION<std::remove_const_t<T>, MayNull>;
+    constexpr bool IS_NULL_VALUE = IS_MAY_NULL && std::is_same_v<std::remove_const_t<Value>, CValue>;
     constexpr bool IS_TO_CONST = IS_UNIQUE_POINTER_TO_CONST<T>;
     constexpr bool IS_FAR = CHolding<T>::VALUE_OFFSET > 255;
     constexpr bool IS_OTHER_UNIQUE_POINTER = IS_UNIQUE_POINTER<T> && !IS_POINTER;
     static_assert(!std::is_reference_v<T>, "a reference member cannot be described: make it a pointer or a value");
     static_assert(!IS_VALUE_POINTER,
                   "a pointer to vexa::CValue cannot be described, which is null by itself: hold the value");
+    static_assert(!IS_NULL_VALUE,
+                  "a vexa::MayNull of vexa::CValue cannot be described, which is null by itself: hold the value alone");
     static_assert(!IS_TO_CONST,
                   "a std::unique_ptr to const cannot be described: use one to a value that can be changed");
     static_assert(!IS_OTHER_UNIQUE_POINTER,
@@ -103,7 +106,8 @@ constexpr bool IsDescribable()
                   "std::vector or a plain std::unique_ptr");
     static_assert(!IS_FAR,
                   "a vexa::MayNull of a type aligned to 256 bytes or more cannot be described: hold it by pointer");
-    if constexpr (std::is_reference_v<T> || IS_VALUE_POINTER || IS_TO_CONST || IS_OTHER_UNIQUE_POINTER || IS_FAR) {
+    if constexpr (std::is_reference_v<T> || IS_VALUE_POINTER || IS_NULL_VALUE || IS_TO_CONST ||
+                  IS_OTHER_UNIQUE_POINTER || IS_FAR) {
         return false;
     } else if constexpr (IS_MAY_NULL && std::is_pointer_v<Value>) {
         return false; // MayNull itself has said so
