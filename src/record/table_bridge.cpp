@@ -71,18 +71,24 @@ private:
     std::vector<CLeaf> m_leaves;
 };
 
-/// The leaf in one object; without address when a member on the way is null, or when it is not the active one of its
-/// union. \param isToBeSet makes the members on the way not null.
+/// An attribute of one object; without address when there is no object, or when the attribute is not the active member
+/// of its union: what lies there then is of another type.
+CRefrence AttribOf(void* object, const CAttribInfor& attrib)
+{
+    const bool isThere = object != nullptr && IsActiveAttrib(attrib, object);
+    return {attrib.TypeInfor, isThere ? static_cast<char*>(object) + attrib.Offset : nullptr};
+}
+
+/// The leaf in one object; without address when a member on the way is null, or when it or such a member is not the
+/// active one of its union. \param isToBeSet makes the members on the way not null.
 CRefrence LeafOf(void* object, const CLeaf& leaf, bool isToBeSet)
 {
     for (const CAttribInfor* const member : leaf.Members) {
-        if (object == nullptr) break;
-        CRefrence ref(member->TypeInfor, static_cast<char*>(object) + member->Offset);
+        CRefrence ref = AttribOf(object, *member);
         if (isToBeSet) ref.SetNotNull();
         object = ref.ValueAddress();
     }
-    if (object == nullptr || !IsActiveAttrib(*leaf.Attrib, object)) return {leaf.Attrib->TypeInfor, nullptr};
-    return {leaf.Attrib->TypeInfor, static_cast<char*>(object) + leaf.Attrib->Offset};
+    return AttribOf(object, *leaf.Attrib);
 }
 
 DataTypeEnum ColumnType(const CGnlTypeInfor& type)
