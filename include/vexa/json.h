@@ -28,10 +28,12 @@ VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 /// Reads JSON text into \p target, which is cleared first; an empty text leaves it cleared. Bytes after the value are
 /// ignored.
 ///
-/// Of numbers an optional minus and decimal digits are read. Keys that the class does not have are errors. A value that
-/// stays where it was when it became null (a MayNull of a string or container, an element of an array) is appended to,
-/// not replaced. \p text must not be part of \p target. \return 0, or a code that names the point of failure, see
-/// JsonResultText. What was read before stays in \p target.
+/// Of numbers an optional minus and decimal digits are read. Keys that the class does not have are errors. A key that
+/// comes again finds what it left: texts and containers are appended to. What a null kept (a MayNull below its flag) is
+/// emptied before it is read. \p text must not be part of \p target. \return 0, or a code that names the point of
+/// failure, see JsonResultText; of the library's own are 997, where there is no value to read into (a pointee or an
+/// element that cannot be made, a container without the operation that takes elements), and 999, where the text nests
+/// deeper than MAX_NESTING_DEPTH. What was read before stays in \p target.
 VEXA_API int FromJson(CRefrence& target, const std::string& text);
 inline int FromJson(CRefrence&& target, const std::string& text) { return FromJson(target, text); }
 

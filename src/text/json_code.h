@@ -37,6 +37,7 @@ enum JsonCode : int {
     CUSTOM_STRING_UNREADABLE = 939,
     KIND_UNREADABLE = 956,
     TARGET_READ_ONLY = 965,
+    VALUE_MISSING = 997, ///< the library's own, like the next: there is no value or container to read into
     NESTED_TOO_DEEP = 999
 };
 

@@ -27,19 +27,19 @@ inline constexpr CObjectCodes GENERIC_CODES = {GENERIC_NO_BRACE,         GENERIC
                                                GENERIC_KEY_NOT_CLOSED,   GENERIC_NO_COLON,        GENERIC_NO_VALUE,
                                                GENERIC_ENDS_AFTER_VALUE, GENERIC_NO_SEPARATOR};
 
-/// Finds the entries of a generic object by their keys.
+/// Finds the entries of a generic object by their keys; a null one has none.
 class CGenericKeys {
 public:
-    explicit CGenericKeys(const CGnlClass& object) : m_object(object) {}
+    explicit CGenericKeys(const CGnlClass* object) : m_object(object) {}
     CRefrence Find(const char* key, std::size_t length) const
     {
         CRefrence found;
-        m_object.FindAttribByName(found, std::string(key, length));
+        if (m_object != nullptr) m_object->FindAttribByName(found, std::string(key, length));
         return found;
     }
 
 private:
-    const CGnlClass& m_object;
+    const CGnlClass* m_object;
 };
 
 /// Finds the attributes of one object by their keys. Text that was written from such an object has them in the order of

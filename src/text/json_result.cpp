@@ -52,6 +52,7 @@ constexpr CResultText TEXTS[] = {
     {CUSTOM_STRING_UNREADABLE, "The string of a custom type could not be read."},
     {KIND_UNREADABLE, "A value of this kind cannot be read from JSON."},
     {TARGET_READ_ONLY, "The target is read-only."},
+    {VALUE_MISSING, "There is no value to read into: it could not be made, or its container does not take elements."},
     {NESTED_TOO_DEEP, "The value is nested too deep, or in itself."},
 };
 

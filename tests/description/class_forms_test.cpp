@@ -223,10 +223,10 @@ TEST(ClassForms, AnAbstractClassIsDescribedAllTheSame)
 TEST(ClassForms, ANullPointerToAClassThatCannotBeMadeIsNotReadFromJson)
 {
     Holder holder;
-    EXPECT_EQ(vexa::FromJson(holder, R"({"given":{"x":1}})"), 956);
-    EXPECT_EQ(vexa::FromJson(holder, R"({"raw":{"x":1}})"), 956);
-    EXPECT_EQ(vexa::FromJson(holder, R"({"shape":{"name":"a"}})"), 956);
-    EXPECT_EQ(vexa::FromJson(holder, R"({"shapes":[{"name":"a"}]})"), 956);
+    EXPECT_EQ(vexa::FromJson(holder, R"({"given":{"x":1}})"), 997);
+    EXPECT_EQ(vexa::FromJson(holder, R"({"raw":{"x":1}})"), 997);
+    EXPECT_EQ(vexa::FromJson(holder, R"({"shape":{"name":"a"}})"), 997);
+    EXPECT_EQ(vexa::FromJson(holder, R"({"shapes":[{"name":"a"}]})"), 997);
     EXPECT_EQ(holder.given, nullptr);
     EXPECT_EQ(holder.raw, nullptr);
     EXPECT_EQ(holder.shape, nullptr);

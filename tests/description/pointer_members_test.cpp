@@ -162,7 +162,7 @@ TEST(PointerMembers, UntypedMemoryHasNoJson)
     EXPECT_EQ(LoggedLines([&] { json = Json(u); }),
               "It is not currently supported to convert const void* types to pJson strings\n");
     EXPECT_EQ(json, R"({"writable":})");
-    EXPECT_EQ(vexa::FromJson(u, R"({"writable":1})"), 965);
+    EXPECT_EQ(vexa::FromJson(u, R"({"writable":1})"), 956);
 }
 
 TEST(PointerMembers, ANonNullPointerHasTheWrapperKindAndMayBeNull)

@@ -96,4 +96,19 @@ TEST(JsonGeneric, GivesTheCodesOfWhatIsInside)
     ExpectFails(R"({"a":1,"inner":{"b":2}x})", 790, 2);
 }
 
+TEST(JsonGeneric, ANullOneHasNoEntries)
+{
+    vexa::CGnlClass* object = nullptr;
+    const vexa::CGnlTypeInfor type(vexa::Enum::DT_GNL_CLASS, vexa::Enum::HF_NULLABLE | vexa::Enum::HF_POINTER);
+    const auto code = [&](const char* text) { return FromJson(vexa::CRefrence(type, &object), text); };
+    EXPECT_EQ(code("x"), 732);
+    EXPECT_EQ(code("{"), 793);
+    EXPECT_EQ(code("{}"), 742);
+    EXPECT_EQ(code(R"({")"), 751);
+    EXPECT_EQ(code(R"({"a"})"), 761);
+    EXPECT_EQ(code(R"({"a":)"), 766);
+    EXPECT_EQ(code(R"({"a": 1})"), 790);
+    EXPECT_EQ(object, nullptr) << "nothing makes one";
+}
+
 } // namespace

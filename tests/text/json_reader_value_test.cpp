@@ -137,17 +137,16 @@ TEST(JsonReaderValue, LeavesAClearedPointerNullWhereNothingIsRead)
     EXPECT_NE(address, nullptr) << "the brace was enough";
 }
 
-TEST(JsonReaderValue, AppendsToWhatAMayNullHeldWhenItBecameNull)
+TEST(JsonReaderValue, DropsWhatAMayNullHeldWhenItBecameNull)
 {
     vexa::MayNull<std::string> text(std::string("ab"));
-    EXPECT_EQ(FromJson(text, R"("cd")"), 0);
-    EXPECT_EQ(text, std::string("abcd"));
     vexa::MayNull<std::vector<int>> numbers(std::vector<int>{1});
-    EXPECT_EQ(FromJson(numbers, "[2]"), 0);
-    EXPECT_EQ(numbers, (std::vector<int>{1, 2}));
-    text.reset();
-    EXPECT_EQ(FromJson(text, R"("cd")"), 0);
-    EXPECT_EQ(text, std::string("cd"));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(FromJson(text, R"("cd")"), 0);
+        EXPECT_EQ(text, std::string("cd"));
+        EXPECT_EQ(FromJson(numbers, "[2]"), 0);
+        EXPECT_EQ(numbers, (std::vector<int>{2}));
+    }
 }
 
 TEST(JsonReaderValue, ConsumesNothingForAReferenceThatDesignatesNothing)

@@ -2,6 +2,7 @@
 
 #include <vexa/json.h>
 
+#include <bitset>
 #include <memory>
 #include <set>
 #include <string>
@@ -160,12 +161,48 @@ VEXA_DESCRIBE(Sealed, a, b, c, d, e, text, shared, last)
 TEST(JsonRefused, AReadOnlyMemberIsRefusedAndWhatWasReadStays)
 {
     const std::string before = R"({"a":7,"b":2,"c":"c","d":{"city":"d"},"e":[5],"last":0})";
-    for (const char* member : {R"("b":3)", R"("b":x)", R"("c":"x")", R"("d":{"city":"x"})", R"("e":[1])", R"("e":[])",
-                               R"("text":"x")", R"("shared":{"city":"x"})", R"("shared":null)"}) {
+    const auto expectRefused = [&](const char* member, int code) {
         Sealed sealed;
-        EXPECT_EQ(FromJson(sealed, R"({"a":7,)"s + member + R"(,"last":8})"), 965) << member;
+        EXPECT_EQ(FromJson(sealed, R"({"a":7,)"s + member + R"(,"last":8})"), code) << member;
         EXPECT_EQ(Json(sealed), before) << member;
-    }
+    };
+    for (const char* member : {R"("b":3)", R"("b":x)", R"("c":"x")", R"("d":{"city":"x"})", R"("e":[1])", R"("e":[])",
+                               R"("shared":{"city":"x"})", R"("shared":null)"})
+        expectRefused(member, 965);
+    expectRefused(R"("text":"x")", 656);
+}
+
+struct SealedKinds {
+    const vexa::CNumeric exact;
+    const tm time{};
+    const std::bitset<3> bits;
+    const vexa::CValue any;
+    const vexa::CGnlClass record;
+    const vexa::CNumeric* pointer = nullptr;
+    const void* memory = nullptr;
+    const Address* shared = nullptr;
+};
+VEXA_DESCRIBE(SealedKinds, exact, time, bits, any, record, pointer, memory, shared)
+
+TEST(JsonRefused, AKindThatCannotBeReadIsToldBeforeTheRightToChangeIt)
+{
+    const auto code = [](const char* member) {
+        SealedKinds sealed;
+        return FromJson(sealed, "{\""s + member + "\":[1]}");
+    };
+    for (const char* basic : {"exact", "time", "pointer"})
+        EXPECT_EQ(code(basic), 656) << basic;
+    for (const char* other : {"any", "memory"})
+        EXPECT_EQ(code(other), 956) << other;
+    for (const char* readable : {"bits", "record", "shared"})
+        EXPECT_EQ(code(readable), 965) << readable;
+
+    std::vector<const vexa::CNumeric*> appended;
+    EXPECT_EQ(FromJson(appended, "[1]"), 656);
+    std::set<const vexa::CNumeric*> inserted;
+    EXPECT_EQ(FromJson(inserted, "[1]"), 656);
+    const vexa::CNumeric* top = nullptr;
+    EXPECT_EQ(FromJson(top, "[1]"), 965) << "at the top the right comes first";
 }
 
 struct Outer {
