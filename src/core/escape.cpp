@@ -8,39 +8,21 @@
 
 namespace vexa {
 namespace core {
-
 namespace {
-
-/// Builds the sequence of one byte that needs escaping; returns its length.
-std::size_t FormEscape(char (&sequence)[8], unsigned char byte) noexcept
-{
-    static constexpr char kDigits[] = "0123456789abcdef";
-    const char letter = kEscapes[byte];
-    sequence[0] = '\\';
-    sequence[1] = letter;
-    if (letter == 'u') {
-        sequence[2] = '0';
-        sequence[3] = '0';
-        sequence[4] = kDigits[byte >> 4U];
-        sequence[5] = kDigits[byte & 0x0FU];
-    }
-    return EscapeLength(letter);
-}
 
 /// Hands the escaped text to `put` piece by piece: each run of plain bytes whole, then the escape sequence behind it.
 template<typename Put>
 void ForEachPiece(const char* p, std::size_t n, Put put)
 {
-    const auto* bytes = reinterpret_cast<const unsigned char*>(p);
-    char sequence[8];
     for (std::size_t i = 0; i < n; ++i) {
-        const std::size_t run = kEscapes[bytes[i]] != '\0' ? 0 : FindByteToEscape(bytes + i, n - i);
+        const std::size_t run = FindByteToEscape(BytesOf(p) + i, n - i);
         if (run != 0) {
             put(p + i, run);
             i += run;
         }
         if (i < n) {
-            put(sequence, FormEscape(sequence, bytes[i]));
+            const CEscape& escape = ESCAPES[BytesOf(p)[i]];
+            put(escape.Text, std::size_t{escape.Length});
         }
     }
 }
@@ -57,9 +39,7 @@ void SetStringWithEscape(char* buf, unsigned long& pos, unsigned long cap, const
 {
     ForEachPiece(p, n, [buf, &pos, cap](const char* piece, std::size_t length) {
         // The address of a position beyond the buffer is not even formed.
-        if (buf != nullptr && pos <= cap) {
-            memcpy_s(buf + pos, cap - pos, piece, length);
-        }
+        if (buf != nullptr && pos <= cap) memcpy_s(buf + pos, cap - pos, piece, length);
         pos += length;
     });
 }

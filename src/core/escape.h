@@ -11,61 +11,111 @@
 #include <emmintrin.h>
 #endif
 
-namespace vexa {
-namespace core {
+/// \file
+/// The escapes of JSON text. The rule: a byte from FIRST_PLAIN to LAST_PLAIN stands for itself, but those of
+/// PLAIN_ESCAPED have a backslash before them; every other byte is written as \\u00xx, but those of CONTROL_ESCAPED as
+/// a backslash and a letter. Everything here is made from these four constants.
 
-/// What stands behind the backslash: 0 for a byte that is written as it is, 'u' for one that is written as \u00xx.
-using EscapeTable = std::array<char, 256>;
+namespace vexa::core {
 
-constexpr EscapeTable MakeEscapeTable()
+inline constexpr unsigned char FIRST_PLAIN = 0x20;
+inline constexpr unsigned char LAST_PLAIN = 0x7E;
+inline constexpr char PLAIN_ESCAPED[] = {'"', '\\', '/'};
+struct CControlEscape {
+    char Byte;
+    char Letter;
+};
+inline constexpr CControlEscape CONTROL_ESCAPED[] = {{'\b', 'b'}, {'\f', 'f'}, {'\n', 'n'}, {'\r', 'r'}, {'\t', 't'}};
+
+constexpr bool IsInPlainRange(unsigned char byte) { return byte >= FIRST_PLAIN && byte <= LAST_PLAIN; }
+
+/// How one byte is escaped.
+struct CEscape {
+    char Text[7];         ///< the sequence, then zeros: up to 8 bytes may be copied from here
+    unsigned char Length; ///< 0 for a byte that stands for itself
+};
+
+constexpr std::array<CEscape, 256> MakeEscapes()
 {
-    EscapeTable table{};
-    for (std::size_t byte = 0; byte < table.size(); ++byte) {
-        table[byte] = byte < 0x20 || byte > 0x7E ? 'u' : '\0';
+    constexpr char DIGITS[] = "0123456789abcdef";
+    std::array<CEscape, 256> escapes{};
+    for (std::size_t byte = 0; byte < escapes.size(); ++byte) {
+        if (!IsInPlainRange(static_cast<unsigned char>(byte)))
+            escapes[byte] = {{'\\', 'u', '0', '0', DIGITS[byte >> 4U], DIGITS[byte & 0x0FU]}, 6};
     }
-    constexpr char kBytes[] = "\"\\/\b\f\n\r\t";
-    constexpr char kLetters[] = "\"\\/bfnrt";
-    for (std::size_t i = 0; kBytes[i] != '\0'; ++i) {
-        table[static_cast<unsigned char>(kBytes[i])] = kLetters[i];
-    }
-    return table;
+    for (const char byte : PLAIN_ESCAPED)
+        escapes[static_cast<unsigned char>(byte)] = {{'\\', byte}, 2};
+    for (const CControlEscape& control : CONTROL_ESCAPED)
+        escapes[static_cast<unsigned char>(control.Byte)] = {{'\\', control.Letter}, 2};
+    return escapes;
 }
 
-/// The one table of the escapes: the writers, the scan and the length all go by it.
-inline constexpr EscapeTable kEscapes = MakeEscapeTable();
+inline constexpr std::array<CEscape, 256> ESCAPES = MakeEscapes();
 
-/// Length of an escape sequence: backslash and letter, or \u00xx.
-constexpr unsigned long EscapeLength(char letter) { return letter == 'u' ? 6 : 2; }
+/// What a byte to be escaped counts beyond itself: an escaped control byte counts like one without a letter.
+constexpr unsigned long EscapeExtra(unsigned char byte) { return IsInPlainRange(byte) ? 1 : 5; }
+
+inline const unsigned char* BytesOf(const char* p) noexcept { return reinterpret_cast<const unsigned char*>(p); }
 
 /// True when one of 8 bytes at `p` needs escaping. Each comparison leaves the top bit set in some byte if it holds for
 /// any of them, by the borrow of a byte-wise subtraction.
 inline bool WordNeedsEscape(const unsigned char* p) noexcept
 {
-    constexpr std::uint64_t kOnes = 0x0101010101010101U;
-    constexpr std::uint64_t kTops = kOnes * 0x80U;
+    constexpr std::uint64_t ONES = 0x0101010101010101U;
+    constexpr std::uint64_t TOPS = ONES * 0x80U;
     std::uint64_t word = 0;
     std::memcpy(&word, p, sizeof word);
-    std::uint64_t hit = word | ((word - kOnes * 0x20U) & ~word);
-    for (const std::uint64_t byte : {0x22U, 0x2FU, 0x5CU, 0x7FU}) {
-        const std::uint64_t difference = word ^ (kOnes * byte);
-        hit |= (difference - kOnes) & ~difference;
-    }
-    return (hit & kTops) != 0;
+    const auto holds = [word](unsigned char byte) {
+        const std::uint64_t difference = word ^ (ONES * byte);
+        return (difference - ONES) & ~difference;
+    };
+    std::uint64_t hit = word | ((word - ONES * FIRST_PLAIN) & ~word) | holds(LAST_PLAIN + 1);
+    for (const char byte : PLAIN_ESCAPED)
+        hit |= holds(static_cast<unsigned char>(byte));
+    return (hit & TOPS) != 0;
 }
 
 #ifdef __SSE2__
-/// One bit for each of 16 bytes at `p`, the lowest for the first: set when the byte needs escaping. The signed
-/// comparison catches both the control bytes and the bytes from 0x80 on.
-inline unsigned BlockEscapeMask(const unsigned char* p) noexcept
+/// 16 bytes at once.
+using Block = __m128i;
+inline constexpr std::size_t BLOCK = sizeof(Block);
+
+inline Block LoadBlock(const void* p) noexcept { return _mm_loadu_si128(static_cast<const Block*>(p)); }
+inline void StoreBlock(void* p, Block block) noexcept { _mm_storeu_si128(static_cast<Block*>(p), block); }
+
+/// Bytes of all ones where a byte lies outside the plain range. The signed comparison catches both the control bytes
+/// and the bytes from 0x80 on.
+inline Block OutsidePlainRange(Block block) noexcept
 {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-    const __m128i quotes =
-        _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8(0x22)), _mm_cmpeq_epi8(block, _mm_set1_epi8(0x5C)));
-    const __m128i others =
-        _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8(0x2F)), _mm_cmpeq_epi8(block, _mm_set1_epi8(0x7F)));
-    const __m128i range = _mm_cmplt_epi8(block, _mm_set1_epi8(0x20));
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(range, _mm_or_si128(quotes, others))));
+    static_assert(LAST_PLAIN == 0x7E, "one more byte is left below 0x80");
+    return _mm_or_si128(_mm_cmplt_epi8(block, _mm_set1_epi8(FIRST_PLAIN)),
+                        _mm_cmpeq_epi8(block, _mm_set1_epi8(LAST_PLAIN + 1)));
 }
+
+inline Block NeedsEscape(Block block) noexcept
+{
+    static_assert(sizeof PLAIN_ESCAPED == 3);
+    const Block two = _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8(PLAIN_ESCAPED[0])),
+                                   _mm_cmpeq_epi8(block, _mm_set1_epi8(PLAIN_ESCAPED[1])));
+    const Block third = _mm_cmpeq_epi8(block, _mm_set1_epi8(PLAIN_ESCAPED[2]));
+    return _mm_or_si128(OutsidePlainRange(block), _mm_or_si128(two, third));
+}
+
+/// One bit for each of the 16 bytes, the lowest for the first.
+inline unsigned int BitsOf(Block hits) noexcept { return static_cast<unsigned int>(_mm_movemask_epi8(hits)); }
+
+/// What the bytes of a block count beyond themselves; of those that `isCounted` has a bit for.
+inline unsigned long ExtraOf(Block block, unsigned int isCounted)
+{
+    const unsigned int escaped = BitsOf(NeedsEscape(block)) & isCounted;
+    if (escaped == 0) return 0;
+    const unsigned int outside = BitsOf(OutsidePlainRange(block)) & isCounted;
+    static_assert(EscapeExtra(FIRST_PLAIN) == 1 && EscapeExtra(FIRST_PLAIN - 1) == 5);
+    return static_cast<unsigned long>(__builtin_popcount(escaped)) +
+           4 * static_cast<unsigned long>(__builtin_popcount(outside));
+}
+
+inline constexpr unsigned int ALL_BYTES = 0xFFFF;
 #endif
 
 /// Index of the first of `n` bytes at `p` that JSON text must not hold as it is, or `n`. Looks at 16 or 8 bytes at a
@@ -74,18 +124,15 @@ inline std::size_t FindByteToEscape(const unsigned char* p, std::size_t n) noexc
 {
     std::size_t i = 0;
 #ifdef __SSE2__
-    for (; n - i >= 16; i += 16) {
-        if (const unsigned mask = BlockEscapeMask(p + i)) {
-            return i + static_cast<std::size_t>(__builtin_ctz(mask));
-        }
+    for (; n - i >= BLOCK; i += BLOCK) {
+        if (const unsigned int bits = BitsOf(NeedsEscape(LoadBlock(p + i))))
+            return i + static_cast<std::size_t>(__builtin_ctz(bits));
     }
 #endif
-    while (n - i >= 8 && !WordNeedsEscape(p + i)) {
+    while (n - i >= 8 && !WordNeedsEscape(p + i))
         i += 8;
-    }
-    while (i < n && kEscapes[p[i]] == '\0') {
+    while (i < n && ESCAPES[p[i]].Length == 0)
         ++i;
-    }
     return i;
 }
 
@@ -93,11 +140,15 @@ inline std::size_t FindByteToEscape(const unsigned char* p, std::size_t n) noexc
 /// its own is counted like one without.
 inline unsigned long EscapedRoom(const char* p, std::size_t n) noexcept
 {
-    const auto* bytes = reinterpret_cast<const unsigned char*>(p);
+    const auto* const bytes = BytesOf(p);
     unsigned long room = n;
-    for (std::size_t i = FindByteToEscape(bytes, n); i < n; i += 1 + FindByteToEscape(bytes + i + 1, n - i - 1)) {
-        room += bytes[i] == '"' || bytes[i] == '\\' || bytes[i] == '/' ? 1 : 5;
-    }
+    std::size_t i = 0;
+#ifdef __SSE2__
+    for (; n - i >= BLOCK; i += BLOCK)
+        room += ExtraOf(LoadBlock(p + i), ALL_BYTES);
+#endif
+    for (i += FindByteToEscape(bytes + i, n - i); i < n; i += 1 + FindByteToEscape(bytes + i + 1, n - i - 1))
+        room += EscapeExtra(bytes[i]);
     return room;
 }
 
@@ -107,7 +158,6 @@ void SetStringWithEscape(char* buf, unsigned long& pos, unsigned long cap, const
 /// helper::AppendStringWithEscape for text that is not in a string. The text may lie inside `out`.
 void AppendStringWithEscape(std::string& out, const char* p, std::size_t n);
 
-} // namespace core
-} // namespace vexa
+} // namespace vexa::core
 
 #endif

@@ -15,6 +15,8 @@ class CNesting {
 public:
     explicit CNesting(const CConstRefrence& top) : CNesting(nullptr, top) {}
     CNesting(const CNesting& outer, const CConstRefrence& inner) : CNesting(&outer, inner) {}
+    /// The same for an object at its value address.
+    CNesting(const CNesting& outer, const void* object, const CGnlTypeInfor& type) : CNesting(&outer, object, type) {}
 
     bool IsEntered() const { return m_depth <= MAX_NESTING_DEPTH && !IsInsideItself(); }
 
@@ -26,8 +28,12 @@ public:
 
 private:
     CNesting(const CNesting* outer, const CConstRefrence& object)
-        : m_outer(outer), m_object(object.ValueAddress()), m_type(object.TypeInfor.DetailInfor),
-          m_depth(outer != nullptr ? outer->m_depth + 1 : 1), m_isReached(IsReachedByPointer(object.TypeInfor))
+        : CNesting(outer, object.ValueAddress(), object.TypeInfor)
+    {
+    }
+    CNesting(const CNesting* outer, const void* object, const CGnlTypeInfor& type)
+        : m_outer(outer), m_object(object), m_type(type.DetailInfor),
+          m_depth(outer != nullptr ? outer->m_depth + 1 : 1), m_isReached(IsReachedByPointer(type))
     {
     }
     /// Only these lead back to where the walk has come from; the entries of a group are references, that is pointers.
@@ -50,6 +56,15 @@ private:
     const CTypeInforBase* m_type;
     unsigned long m_depth;
     bool m_isReached;
+};
+
+/// Stands in where the same value has been walked before and nothing can have changed.
+struct CNoNesting {
+    template<class... Arguments>
+    explicit CNoNesting(const Arguments&...)
+    {
+    }
+    static constexpr bool IsEntered() { return true; }
 };
 
 } // namespace vexa::text

@@ -1,0 +1,157 @@
+#ifndef VEXA_CORE_DECIMAL_H
+#define VEXA_CORE_DECIMAL_H
+
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <type_traits>
+
+/// \file
+/// Numbers as decimal text, as "%d" and its kin and "%f" give it, in any locale.
+
+namespace vexa::core {
+
+/// Digits of a value in decimal.
+inline unsigned int DigitCount(std::uint64_t value) noexcept
+{
+    static constexpr std::uint64_t POWERS[] = {0ULL,
+                                               10ULL,
+                                               100ULL,
+                                               1000ULL,
+                                               10000ULL,
+                                               100000ULL,
+                                               1000000ULL,
+                                               10000000ULL,
+                                               100000000ULL,
+                                               1000000000ULL,
+                                               10000000000ULL,
+                                               100000000000ULL,
+                                               1000000000000ULL,
+                                               10000000000000ULL,
+                                               100000000000000ULL,
+                                               1000000000000000ULL,
+                                               10000000000000000ULL,
+                                               100000000000000000ULL,
+                                               1000000000000000000ULL,
+                                               10000000000000000000ULL};
+    const auto bits = static_cast<unsigned int>(64 - __builtin_clzll(value | 1U));
+    const unsigned int digits = bits * 1233U >> 12U; // 1233 / 4096 is log10(2), near enough for 64 bits
+    return digits + (value >= POWERS[digits] ? 1U : 0U);
+}
+
+/// The distance of an integer from zero.
+template<class T>
+std::uint64_t Magnitude(T value) noexcept
+{
+    static_assert(std::is_integral_v<T>);
+    return value < T() ? std::uint64_t{0} - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+}
+
+/// Bytes of an integer's text, its sign included.
+template<class T>
+unsigned int DecimalLength(T value) noexcept
+{
+    return DigitCount(Magnitude(value)) + (value < T() ? 1U : 0U);
+}
+
+/// The eight digits of a value below 100,000,000, with leading zeros, the first in the lowest byte; to each the
+/// character '0' is yet to be added. All at once: the halves, the pairs, then the digits of each are split side by
+/// side.
+inline std::uint64_t EightDigits(std::uint32_t value) noexcept
+{
+    const std::uint64_t halves = value / 10000U | std::uint64_t{value % 10000U} << 32U;
+    const std::uint64_t hundreds = (halves * 10486U >> 20U) & 0x0000007F0000007FU;
+    const std::uint64_t pairs = hundreds | (halves - hundreds * 100U) << 16U;
+    const std::uint64_t tens = (pairs * 103U >> 10U) & 0x000F000F000F000FU;
+    return tens | (pairs - tens * 10U) << 8U;
+}
+
+inline constexpr std::uint64_t EIGHT_ZEROS = 0x3030303030303030;
+
+/// Room for the text of any integer, and for what is written beyond a short one.
+inline constexpr std::size_t DECIMAL_ROOM = 24;
+
+/// Writes the digits of a value, DECIMAL_ROOM bytes at most. \return the end of the text.
+inline char* WriteDigits(char* at, std::uint64_t value) noexcept
+{
+    constexpr std::uint64_t BLOCK = 100000000;
+    const auto put = [](char* to, std::uint64_t digits) { std::memcpy(to, &digits, sizeof digits); };
+    const unsigned int count = DigitCount(value);
+    unsigned int rest = 0;
+    for (; count - rest > 8; rest += 8) {
+        put(at + count - rest - 8, EightDigits(static_cast<std::uint32_t>(value % BLOCK)) | EIGHT_ZEROS);
+        value /= BLOCK;
+    }
+    const unsigned int first = count - rest;
+    const std::uint64_t digits = (EightDigits(static_cast<std::uint32_t>(value)) | EIGHT_ZEROS) >> (64U - 8U * first);
+    if (rest == 0)
+        put(at, digits);
+    else
+        std::memcpy(at, &digits, first);
+    return at + count;
+}
+
+/// Writes an integer, DECIMAL_ROOM bytes at most. \return the end of the text, DecimalLength(value) bytes behind \p at.
+template<class T>
+char* WriteDecimal(char* at, T value) noexcept
+{
+    if constexpr (std::is_signed_v<T>) {
+        *at = '-';
+        at += value < T() ? 1 : 0;
+    }
+    return WriteDigits(at, Magnitude(value));
+}
+
+/// Room for the text of any floating value, and for what is written beyond a short one.
+template<class T>
+inline constexpr std::size_t FIXED_ROOM = static_cast<std::size_t>(std::numeric_limits<T>::max_exponent10) + 16;
+
+/// Millionths in a fraction below 1, to the nearest, ties to even: what "%f" shows of it. The fraction is a whole
+/// number divided by a power of two, so that its product with a million is exact in 128 bits.
+template<class T>
+std::uint32_t Millionths(T fraction) noexcept
+{
+    __extension__ typedef unsigned __int128 Wide;
+    constexpr T NOTHING = T(1) / (1U << 21U); // less than half a millionth
+    if (fraction < NOTHING) return 0;
+    int exponent = 0;
+    const T mantissa = std::frexp(fraction, &exponent);
+    constexpr int DIGITS = std::numeric_limits<T>::digits;
+    const auto whole = static_cast<std::uint64_t>(std::ldexp(mantissa, DIGITS));
+    const auto shift = static_cast<unsigned int>(DIGITS - exponent);
+    const Wide product = static_cast<Wide>(whole) * 1000000U;
+    const auto floor = static_cast<std::uint32_t>(product >> shift);
+    const Wide rest = product - (static_cast<Wide>(floor) << shift);
+    const Wide half = static_cast<Wide>(1) << (shift - 1U);
+    return floor + (rest > half || (rest == half && floor % 2 != 0) ? 1U : 0U);
+}
+
+/// Writes a floating value as "%f" does, FIXED_ROOM<T> bytes at most. \return the end of the text.
+template<class T>
+char* WriteFixed(char* at, T value) noexcept
+{
+    constexpr T BEYOND_INTEGERS = T(9223372036854775808.0L);
+    const T magnitude = std::abs(value);
+    if (!(magnitude < BEYOND_INTEGERS))
+        return std::to_chars(at, at + FIXED_ROOM<T>, value, std::chars_format::fixed, 6).ptr;
+    *at = '-';
+    at += std::signbit(value) ? 1 : 0;
+    auto whole = static_cast<std::uint64_t>(magnitude);
+    std::uint32_t millionths = Millionths(magnitude - static_cast<T>(whole));
+    if (millionths == 1000000U) {
+        ++whole;
+        millionths = 0;
+    }
+    at = WriteDigits(at, whole);
+    *at++ = '.';
+    const std::uint64_t digits = (EightDigits(millionths) | EIGHT_ZEROS) >> 16U;
+    std::memcpy(at, &digits, 6);
+    return at + 6;
+}
+
+} // namespace vexa::core
+
+#endif

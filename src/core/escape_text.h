@@ -1,0 +1,53 @@
+#ifndef VEXA_CORE_ESCAPE_TEXT_H
+#define VEXA_CORE_ESCAPE_TEXT_H
+
+#include <cstddef>
+#include <string>
+
+#include "core/escape.h"
+
+/// \file
+/// Escaped text into memory that has been measured for it.
+
+namespace vexa::core {
+
+/// Bytes behind the room of an escaped text that WriteEscaped may write, too.
+inline constexpr std::size_t ESCAPE_SPARE = 16;
+
+/// Writes the escaped text. `at` has EscapedRoom and ESCAPE_SPARE bytes. Returns the end of the text.
+char* WriteEscaped(char* at, const char* p, std::size_t n) noexcept;
+
+/// The rest of the two functions below, for what is not short and plain.
+unsigned long EscapedRoomOfLong(const std::string& text) noexcept;
+char* WriteEscapedLong(char* at, const std::string& text) noexcept;
+
+/// EscapedRoom of a string. Of a string 16 bytes may be read however short it is: its own, or of at least 17 on the
+/// heap.
+inline unsigned long EscapedRoom(const std::string& text) noexcept
+{
+#ifdef __SSE2__
+    if (__builtin_expect(text.size() <= BLOCK, 1)) {
+        const unsigned int bits = BitsOf(NeedsEscape(LoadBlock(text.data())));
+        if (__builtin_expect((bits & ((1U << text.size()) - 1U)) == 0, 1)) return text.size();
+    }
+#endif
+    return EscapedRoomOfLong(text);
+}
+
+/// WriteEscaped of a string.
+inline char* WriteEscaped(char* at, const std::string& text) noexcept
+{
+#ifdef __SSE2__
+    if (__builtin_expect(text.size() <= BLOCK, 1)) {
+        const Block block = LoadBlock(text.data());
+        StoreBlock(at, block);
+        if (__builtin_expect((BitsOf(NeedsEscape(block)) & ((1U << text.size()) - 1U)) == 0, 1))
+            return at + text.size();
+    }
+#endif
+    return WriteEscapedLong(at, text);
+}
+
+} // namespace vexa::core
+
+#endif

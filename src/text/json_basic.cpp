@@ -1,0 +1,16 @@
+#include "text/json_basic.h"
+
+namespace vexa::text {
+
+namespace {
+
+char* WriteString(char* at, const std::string& text) { return WriteText(at, text.data(), text.size()); }
+
+} // namespace
+
+char* WriteObject(char* at, const CBinary& value) { return WriteString(at, value.AsHexString()); }
+char* WriteObject(char* at, const CNumeric& value) { return WriteString(at, value.AsString()); }
+char* WriteObject(char* at, const tm& value) { return WriteString(at, TextOfObject(Enum::DT_TM, &value)); }
+char* WriteObject(char* at, const CDateTime& value) { return WriteString(at, TextOfObject(Enum::DT_DATETIME, &value)); }
+
+} // namespace vexa::text

@@ -1,0 +1,84 @@
+#ifndef VEXA_TEXT_JSON_BASIC_H
+#define VEXA_TEXT_JSON_BASIC_H
+
+#include <cassert>
+#include <cstring>
+
+#include "text/json_measure.h"
+
+/// \file
+/// The JSON text of basic values, into memory that has been measured for them.
+
+namespace vexa::text {
+
+/// Bytes behind the measured room that writing may touch: blocks of 16 are written whole.
+inline constexpr unsigned long SPARE_ROOM = core::DECIMAL_ROOM;
+static_assert(SPARE_ROOM >= core::ESCAPE_SPARE);
+
+inline char* WriteText(char* at, const char* text, std::size_t length)
+{
+    std::memcpy(at, text, length);
+    return at + length;
+}
+
+/// Copies a ready-made text, up to 15 bytes behind it too.
+inline char* WriteReady(char* at, const char* text, std::size_t length)
+{
+    constexpr std::size_t BLOCK = 16;
+    std::memcpy(at, text, BLOCK);
+    for (std::size_t i = BLOCK; __builtin_expect(i < length, 0); i += BLOCK)
+        std::memcpy(at + i, text + i, BLOCK);
+    return at + length;
+}
+
+template<class T>
+char* WriteNumber(char* at, T value)
+{
+    if constexpr (std::is_same_v<T, bool>)
+        return value ? WriteText(at, "true", 4) : WriteText(at, "false", 5);
+    else if constexpr (std::is_floating_point_v<T>)
+        return core::WriteFixed(at, value);
+    else
+        return core::WriteDecimal(at, value);
+}
+
+char* WriteObject(char* at, const CBinary& value);
+char* WriteObject(char* at, const CNumeric& value);
+char* WriteObject(char* at, const tm& value);
+char* WriteObject(char* at, const CDateTime& value);
+
+/// Texts stand between quotes where \p isQuoted says so, and are escaped anyway. \return the end of the text.
+template<class Type>
+char* WriteValue(Type, char* at, const void* address, bool isQuoted)
+{
+    using T = typename Type::Type;
+    constexpr bool IS_TEXT = std::is_same_v<T, std::string> || std::is_same_v<T, core::CTextAtAddress>;
+    decltype(auto) value = core::Load<T>(address);
+    if constexpr (Type::IS_NUMBER) {
+        at = WriteNumber(at, value);
+    } else if constexpr (IS_TEXT) {
+        if (isQuoted) *at++ = '"';
+        if constexpr (std::is_same_v<T, std::string>)
+            at = core::WriteEscaped(at, value);
+        else
+            at = core::WriteEscaped(at, static_cast<const char*>(address),
+                                    std::strlen(static_cast<const char*>(address)));
+        if (isQuoted) *at++ = '"';
+    } else {
+        at = WriteObject(at, value);
+    }
+    return at;
+}
+
+/// The same, held to its room.
+template<class Type>
+char* WriteMeasured(Type type, char* at, const void* address, bool isQuoted = true)
+{
+    char* const end = WriteValue(type, at, address, isQuoted);
+    assert(static_cast<unsigned long>(end - at) <= RoomOf(type, address));
+    return end;
+}
+
+} // namespace vexa::text
+
+#endif
