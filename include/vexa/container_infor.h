@@ -1,6 +1,8 @@
 #ifndef VEXA_CONTAINER_INFOR_H
 #define VEXA_CONTAINER_INFOR_H
 
+#include <cstring>
+
 #include <vexa/type_infor.h>
 
 namespace vexa {
@@ -46,6 +48,24 @@ public:
 };
 
 static_assert(sizeof(CContainerInfor) == 176, "part of the binary interface");
+
+namespace detail {
+
+struct CElementSpan {
+    char* First;
+    char* Last; ///< behind the last element
+};
+
+/// Where the elements of a container lie that is marked as contiguous: in the memory that a vector's first two words
+/// designate, or in the container itself.
+inline CElementSpan ElementsOf(const CContainerInfor& infor, void* container) noexcept
+{
+    CElementSpan span{static_cast<char*>(container), static_cast<char*>(container) + infor.Size};
+    if (infor.Mark.Is(CFinishedMark::VECTOR)) std::memcpy(&span, container, sizeof span);
+    return span;
+}
+
+} // namespace detail
 
 } // namespace vexa
 

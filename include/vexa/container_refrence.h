@@ -59,7 +59,28 @@ public:
 VEXA_API bool GetValueListFromObjectList_i(CContainerRefrence& dst, const CContainerConstRefrence& src,
                                            const std::string& flatName);
 
+namespace detail {
+
+/// A walk at its start. Given and taken by value, so that an iterator that nothing else asks for its address can live
+/// in registers.
+struct CWalkStart {
+    void* Container;
+    void* Cursor;           ///< null: there is no walk
+    CConstRefrence Element; ///< the first one, or the last of a reverse walk
+};
+
+/// \param container the container's own address, or null.
+VEXA_API CWalkStart StartWalk(const CContainerInfor& infor, void* container, bool isReverse);
+/// \param cursor that of a walk which was started; not null.
+VEXA_API void StopWalk(const CContainerInfor& infor, void* cursor, bool isReverse);
+
+} // namespace detail
+
 /// What both container iterators are: a walk, which owns its cursor. Cannot be copied.
+///
+/// The elements of a container whose descriptor is marked as contiguous are stepped through by their distance: such a
+/// walk calls no operation of the descriptor, makes nothing that has to be released, and ends with the element at whose
+/// far side its cursor points.
 struct CContainerWalk {
     const CContainerConstRefrence* Owner = nullptr; ///< the container being walked
     void* Container = nullptr;                      ///< its value address; null when the owner is null
@@ -80,42 +101,52 @@ protected:
     ~CContainerWalk() = default;
     /// Leaves no walk behind for a null or empty container, so that the element of an earlier walk is not taken for
     /// one.
-    VEXA_API void Start(const CContainerConstRefrence& owner, CContainerInfor::BeginFunction begin,
-                        CContainerInfor::ReleaseFunction release);
+    VEXA_INLINE void Start(const CContainerConstRefrence& owner, bool isReverse)
+    {
+        detail::CWalkStart start = detail::StartWalk(owner.ContainerInfor(), owner.ValueAddress(), isReverse);
+        Owner = &owner;
+        Container = start.Container;
+        Cursor = start.Cursor;
+        if (Cursor != nullptr) Current = std::move(start.Element);
+    }
     void Step(CContainerInfor::NextFunction next)
     {
         Current.Address = next != nullptr ? next(Container, Cursor) : nullptr;
     }
-    void Stop(CContainerInfor::ReleaseFunction release)
+    void Stop(bool isReverse)
     {
-        if (Cursor != nullptr) release(std::exchange(Cursor, nullptr));
+        if (Cursor != nullptr) detail::StopWalk(Owner->ContainerInfor(), std::exchange(Cursor, nullptr), isReverse);
     }
+    /// 0 for a container that is not contiguous.
+    unsigned long Stride() const { return Owner->ContainerInfor().Mark.Stride(); }
 };
 
 /// Walks a container forward; assign a container reference to start. The reference must outlive the walk.
 class CContainerConstIterator : public CContainerWalk {
 public:
     CContainerConstIterator() = default;
-    explicit CContainerConstIterator(const CContainerConstRefrence& owner) { *this = owner; }
+    VEXA_INLINE explicit CContainerConstIterator(const CContainerConstRefrence& owner) { Start(owner, false); }
     explicit CContainerConstIterator(const CContainerConstRefrence&& owner) = delete;
-    ~CContainerConstIterator() { Release(); }
+    VEXA_INLINE ~CContainerConstIterator() { Release(); }
     CContainerConstIterator& operator=(const CContainerConstRefrence& owner)
     {
         Release();
-        Start(owner, owner.ContainerInfor().Begin, owner.ContainerInfor().Release);
+        Start(owner, false);
         return *this;
     }
     CContainerConstIterator& operator=(const CContainerConstRefrence&& owner) = delete;
     CContainerConstIterator& operator++()
     {
-        Step(Owner->ContainerInfor().Next);
+        if (const unsigned long stride = Stride(); stride != 0) {
+            char* const next = static_cast<char*>(Current.Address) + stride;
+            Current.Address = next != Cursor ? next : nullptr;
+        } else {
+            Step(Owner->ContainerInfor().Next);
+        }
         return *this;
     }
     /// Ends the walk before the iterator does.
-    void Release()
-    {
-        if (Cursor != nullptr) Stop(Owner->ContainerInfor().Release);
-    }
+    void Release() { Stop(false); }
 };
 
 /// Walks a container backward; one without reverse operations is not walked, one without RNext gives its last element
@@ -123,40 +154,32 @@ public:
 class CContainerConstReverseIterator : public CContainerWalk {
 public:
     CContainerConstReverseIterator() = default;
-    explicit CContainerConstReverseIterator(const CContainerConstRefrence& owner) { *this = owner; }
+    VEXA_INLINE explicit CContainerConstReverseIterator(const CContainerConstRefrence& owner) { Start(owner, true); }
     explicit CContainerConstReverseIterator(const CContainerConstRefrence&& owner) = delete;
-    ~CContainerConstReverseIterator() { Release(); }
+    VEXA_INLINE ~CContainerConstReverseIterator() { Release(); }
     CContainerConstReverseIterator& operator=(const CContainerConstRefrence& owner)
     {
         Release();
-        Start(owner, owner.ContainerInfor().RBegin, ReleaseOf(owner));
+        Start(owner, true);
         return *this;
     }
     CContainerConstReverseIterator& operator=(const CContainerConstRefrence&& owner) = delete;
     CContainerConstReverseIterator& operator++()
     {
-        Step(Owner->ContainerInfor().RNext);
+        if (const unsigned long stride = Stride(); stride != 0)
+            Current.Address = Current.Address != Cursor ? static_cast<char*>(Current.Address) - stride : nullptr;
+        else
+            Step(Owner->ContainerInfor().RNext);
         return *this;
     }
-    void Release()
-    {
-        if (Cursor != nullptr) Stop(ReleaseOf(*Owner));
-    }
-
-private:
-    /// A container that does not tell the two kinds of cursors apart has one operation for both.
-    static CContainerInfor::ReleaseFunction ReleaseOf(const CContainerConstRefrence& owner)
-    {
-        const CContainerInfor& infor = owner.ContainerInfor();
-        return infor.RRelease != nullptr ? infor.RRelease : infor.Release;
-    }
+    void Release() { Stop(true); }
 };
 
 static_assert(sizeof(CContainerConstRefrence) == 24 && sizeof(CContainerRefrence) == 24,
               "one layout for all references");
 static_assert(sizeof(CContainerConstIterator) == 48 && sizeof(CContainerConstReverseIterator) == 48, "four fields");
 
-inline CContainerConstIterator CContainerConstRefrence::begin() const& { return CContainerConstIterator(*this); }
+VEXA_INLINE CContainerConstIterator CContainerConstRefrence::begin() const& { return CContainerConstIterator(*this); }
 inline const CContainerConstRefrence& CConstRefrence::AsContainer() const& noexcept
 {
     return static_cast<const CContainerConstRefrence&>(*this);

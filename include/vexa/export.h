@@ -8,4 +8,7 @@
 /// object that describes the type has a descriptor of its own.
 #define VEXA_API __attribute__((visibility("default")))
 
+/// Marks what must be inlined for an object of its class to live in registers: a call would take the object's address.
+#define VEXA_INLINE __attribute__((always_inline)) inline
+
 #endif

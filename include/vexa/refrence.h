@@ -182,14 +182,27 @@ private:
     {
         constexpr unsigned int CODE = detail::BASIC_CODE<T>;
         const unsigned int otherwiseHeld = TypeInfor.HoldingFlags & ~static_cast<unsigned int>(Enum::HF_CONST);
-        if (((TypeInfor.DataType ^ CODE) | otherwiseHeld) != 0 || Address == nullptr) return Convert<T>();
+        if (((TypeInfor.DataType ^ CODE) | otherwiseHeld) != 0 || Address == nullptr) {
+            return Convert<T>({TypeInfor.DataType, TypeInfor.HoldingFlags, TypeInfor.NullFlagOffset,
+                               TypeInfor.ValueOffset, TypeInfor.DetailInfor, Address});
+        }
         T value;
         std::memcpy(&value, Address, sizeof value);
         return value;
     }
+    /// The fields of a reference, lent. Given by value, so that a reference which nothing else asks for its address,
+    /// that in a walk's iterator above all, can live in registers.
+    struct CFields {
+        unsigned char DataType;
+        unsigned char HoldingFlags;
+        unsigned char NullFlagOffset;
+        unsigned char ValueOffset;
+        const CTypeInforBase* DetailInfor;
+        const void* Address;
+    };
     /// The value, whatever it is. Instantiated in the library for each T of the getters.
     template<class T>
-    T Convert() const;
+    static T Convert(CFields source);
 };
 
 /// A writable reference to a basic value.

@@ -49,8 +49,9 @@ public:
         __atomic_fetch_or(&m_bits, form | static_cast<std::uint32_t>(stride) << STRIDE_SHIFT, __ATOMIC_RELEASE);
     }
     bool Is(std::uint32_t form) const noexcept { return (Load() & form) != 0; }
-    /// Bytes from one element of a marked container to the next.
-    unsigned long Stride() const noexcept { return Load() >> STRIDE_SHIFT; }
+    /// Bytes from one element of a contiguous container (VECTOR, SLOTS) to the next; 0 for every other descriptor.
+    /// A plain load, which a walk makes only once: it is set before anybody who walks can see the descriptor.
+    unsigned long Stride() const noexcept { return m_bits >> STRIDE_SHIFT; }
 
 private:
     static constexpr unsigned int STRIDE_SHIFT = 8;
@@ -120,12 +121,13 @@ public:
     CGnlTypeInfor& operator=(const CGnlTypeInfor& other)
     {
         if (this == &other) return *this;
-        if (OwnsDetail() || other.OwnsDetail()) return *this = CGnlTypeInfor(other);
+        const CTypeInforBase* const detail = other.OwnsDetail() ? CopyOfOwned(other.DetailInfor) : other.DetailInfor;
+        if (OwnsDetail()) ReleaseOwned(DetailInfor);
         DataType = other.DataType;
         HoldingFlags = other.HoldingFlags;
         NullFlagOffset = other.NullFlagOffset;
         ValueOffset = other.ValueOffset;
-        DetailInfor = other.DetailInfor;
+        DetailInfor = detail;
         return *this;
     }
     CGnlTypeInfor& operator=(CGnlTypeInfor&& other) noexcept

@@ -8,23 +8,42 @@ namespace vexa {
 
 using namespace Enum;
 
-void CContainerWalk::Start(const CContainerConstRefrence& owner, CContainerInfor::BeginFunction begin,
-                           CContainerInfor::ReleaseFunction release)
+namespace detail {
+namespace {
+
+CWalkStart NoWalk(void* container) { return {container, nullptr, {}}; }
+
+CWalkStart StartContiguousWalk(const CContainerInfor& infor, void* container, bool isReverse)
 {
-    Owner = &owner;
-    Container = owner.ValueAddress();
-    Cursor = nullptr;
-    if (Container == nullptr || begin == nullptr) return;
-    void* first = nullptr;
-    Cursor = begin(Container, &first);
-    if (Cursor == nullptr) return;
-    if (first == nullptr) {
-        Stop(release);
-        return;
-    }
-    Current.TypeInfor = owner.ContainerInfor().ElementType;
-    Current.Address = first;
+    const CElementSpan elements = ElementsOf(infor, container);
+    if (elements.First == elements.Last) return NoWalk(container);
+    if (!isReverse) return {container, elements.Last, {infor.ElementType, elements.First}};
+    return {container, elements.First, {infor.ElementType, elements.Last - infor.Mark.Stride()}};
 }
+
+} // namespace
+
+CWalkStart StartWalk(const CContainerInfor& infor, void* container, bool isReverse)
+{
+    if (container != nullptr && infor.Mark.Stride() != 0) return StartContiguousWalk(infor, container, isReverse);
+    const auto begin = isReverse ? infor.RBegin : infor.Begin;
+    if (container == nullptr || begin == nullptr) return NoWalk(container);
+    CConstRefrence element(infor.ElementType, nullptr); // what may throw comes before what has to be released
+    void* const cursor = begin(container, &element.Address);
+    if (cursor != nullptr && element.Address != nullptr) return {container, cursor, std::move(element)};
+    if (cursor != nullptr) StopWalk(infor, cursor, isReverse);
+    return NoWalk(container);
+}
+
+void StopWalk(const CContainerInfor& infor, void* cursor, bool isReverse)
+{
+    if (infor.Mark.Stride() != 0) return;
+    // A container that does not tell the two kinds of cursors apart has one operation for both.
+    const auto release = isReverse && infor.RRelease != nullptr ? infor.RRelease : infor.Release;
+    release(cursor);
+}
+
+} // namespace detail
 
 unsigned long CContainerConstRefrence::Count() const
 {

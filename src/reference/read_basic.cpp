@@ -78,6 +78,12 @@ Target ReadNumber(const CConstRefrence& source, DataTypeEnum targetCode)
     return result;
 }
 
+/// A reference whose descriptor is another's, and gives nothing back.
+struct CLentRefrence {
+    CConstRefrence Ref;
+    ~CLentRefrence() { Ref.TypeInfor.DetailInfor = nullptr; }
+};
+
 /// The stored object of one type, or the shared neutral one.
 template<class T>
 const T& StoredObject(const CConstRefrence& source)
@@ -94,27 +100,34 @@ const T& StoredObject(const CConstRefrence& source)
 } // namespace
 
 template<class T>
-T CStdBasicTypeConstRefrence::Convert() const
+T CStdBasicTypeConstRefrence::Convert(CFields source)
 {
+    CLentRefrence lent;
+    lent.Ref.TypeInfor.DataType = source.DataType;
+    lent.Ref.TypeInfor.HoldingFlags = source.HoldingFlags;
+    lent.Ref.TypeInfor.NullFlagOffset = source.NullFlagOffset;
+    lent.Ref.TypeInfor.ValueOffset = source.ValueOffset;
+    lent.Ref.TypeInfor.DetailInfor = source.DetailInfor;
+    lent.Ref.Address = const_cast<void*>(source.Address);
     if constexpr (std::is_same_v<T, char>)
-        return static_cast<char>(ReadNumber<unsigned char>(*this, DT_CHAR));
+        return static_cast<char>(ReadNumber<unsigned char>(lent.Ref, DT_CHAR));
     else
-        return ReadNumber<T>(*this, detail::BASIC_CODE<T>);
+        return ReadNumber<T>(lent.Ref, detail::BASIC_CODE<T>);
 }
-template VEXA_API bool CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API char CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API short CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API int CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API long CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API long long CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API unsigned char CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API unsigned short CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API unsigned int CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API unsigned long CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API unsigned long long CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API float CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API double CStdBasicTypeConstRefrence::Convert() const;
-template VEXA_API long double CStdBasicTypeConstRefrence::Convert() const;
+template VEXA_API bool CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API char CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API short CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API int CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API long CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API long long CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API unsigned char CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API unsigned short CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API unsigned int CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API unsigned long CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API unsigned long long CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API float CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API double CStdBasicTypeConstRefrence::Convert(CFields);
+template VEXA_API long double CStdBasicTypeConstRefrence::Convert(CFields);
 
 const char* CStdBasicTypeConstRefrence::As_const_char_ptr() const
 {
