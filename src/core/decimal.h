@@ -1,6 +1,7 @@
 #ifndef VEXA_CORE_DECIMAL_H
 #define VEXA_CORE_DECIMAL_H
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -13,6 +14,23 @@
 /// Numbers as decimal text, as "%d" and its kin and "%f" give it, in any locale.
 
 namespace vexa::core {
+
+/// For each highest bit what is added to a value of 32 bits so that its digits stand in the upper half of the sum.
+constexpr std::array<std::uint64_t, 32> MakeDigitSteps()
+{
+    std::array<std::uint64_t, 32> steps{};
+    std::uint64_t power = 1; // the lowest value with one digit more than the lowest that has the bit
+    std::uint64_t digits = 0;
+    for (unsigned int bit = 0; bit < 32; ++bit) {
+        while (power <= (std::uint64_t{1} << bit)) {
+            power *= 10;
+            ++digits;
+        }
+        const bool isCrossed = power < (std::uint64_t{2} << bit);
+        steps[bit] = isCrossed ? ((digits + 1) << 32U) - power : digits << 32U;
+    }
+    return steps;
+}
 
 /// Digits of a value in decimal.
 inline unsigned int DigitCount(std::uint64_t value) noexcept
@@ -42,12 +60,21 @@ inline unsigned int DigitCount(std::uint64_t value) noexcept
     return digits + (value >= POWERS[digits] ? 1U : 0U);
 }
 
+/// The same of 32 bits: the upper half of the sum with an entry of a table that goes by the highest bit.
+inline unsigned int DigitCount(std::uint32_t value) noexcept
+{
+    static constexpr std::array<std::uint64_t, 32> STEPS = MakeDigitSteps();
+    return static_cast<unsigned int>((value + STEPS[31U ^ static_cast<unsigned int>(__builtin_clz(value | 1U))]) >>
+                                     32U);
+}
+
 /// The distance of an integer from zero.
 template<class T>
-std::uint64_t Magnitude(T value) noexcept
+auto Magnitude(T value) noexcept
 {
     static_assert(std::is_integral_v<T>);
-    return value < T() ? std::uint64_t{0} - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+    using Wide = std::conditional_t<sizeof(T) <= 4, std::uint32_t, std::uint64_t>;
+    return value < T() ? Wide{0} - static_cast<Wide>(value) : static_cast<Wide>(value);
 }
 
 /// Bytes of an integer's text, its sign included.
@@ -59,39 +86,53 @@ unsigned int DecimalLength(T value) noexcept
 
 /// The eight digits of a value below 100,000,000, with leading zeros, the first in the lowest byte; to each the
 /// character '0' is yet to be added. All at once: the halves, the pairs, then the digits of each are split side by
-/// side.
-inline std::uint64_t EightDigits(std::uint32_t value) noexcept
+/// side, where `high | (all - high * n) << bits` is `(all << bits) - high * ((n << bits) - 1)`.
+inline std::uint64_t EightDigits(std::uint64_t value) noexcept
 {
-    const std::uint64_t halves = value / 10000U | std::uint64_t{value % 10000U} << 32U;
+    const std::uint64_t high = (value * 3518437209U) >> 45U; // a ten-thousandth
+    const std::uint64_t halves = (value << 32U) - high * ((std::uint64_t{10000} << 32U) - 1U);
     const std::uint64_t hundreds = (halves * 10486U >> 20U) & 0x0000007F0000007FU;
-    const std::uint64_t pairs = hundreds | (halves - hundreds * 100U) << 16U;
+    const std::uint64_t pairs = (halves << 16U) - hundreds * ((100U << 16U) - 1U);
     const std::uint64_t tens = (pairs * 103U >> 10U) & 0x000F000F000F000FU;
-    return tens | (pairs - tens * 10U) << 8U;
+    return (pairs << 8U) - tens * ((10U << 8U) - 1U);
 }
 
 inline constexpr std::uint64_t EIGHT_ZEROS = 0x3030303030303030;
+inline constexpr std::uint64_t EIGHT_DIGITS_END = 100000000;
 
 /// Room for the text of any integer, and for what is written beyond a short one.
 inline constexpr std::size_t DECIMAL_ROOM = 24;
 
+inline char* WriteEightDigits(char* at, std::uint64_t value) noexcept
+{
+    const std::uint64_t digits = EightDigits(value) | EIGHT_ZEROS;
+    std::memcpy(at, &digits, sizeof digits);
+    return at + 8;
+}
+
+/// Writes a value below 100,000,000, and up to 8 bytes. \return the end of its digits.
+inline char* WriteUpToEightDigits(char* at, std::uint64_t value) noexcept
+{
+    constexpr std::uint64_t LAST_DIGIT = std::uint64_t{1} << 56U; // of 0 one digit is written, too
+    const std::uint64_t digits = EightDigits(value);
+    const auto leading = static_cast<unsigned int>(__builtin_ctzll(digits | LAST_DIGIT)) & ~7U;
+    const std::uint64_t shown = (digits | EIGHT_ZEROS) >> leading;
+    std::memcpy(at, &shown, sizeof shown);
+    return at + (8U - leading / 8U);
+}
+
 /// Writes the digits of a value, DECIMAL_ROOM bytes at most. \return the end of the text.
 inline char* WriteDigits(char* at, std::uint64_t value) noexcept
 {
-    constexpr std::uint64_t BLOCK = 100000000;
-    const auto put = [](char* to, std::uint64_t digits) { std::memcpy(to, &digits, sizeof digits); };
-    const unsigned int count = DigitCount(value);
-    unsigned int rest = 0;
-    for (; count - rest > 8; rest += 8) {
-        put(at + count - rest - 8, EightDigits(static_cast<std::uint32_t>(value % BLOCK)) | EIGHT_ZEROS);
-        value /= BLOCK;
+    if (value < EIGHT_DIGITS_END) return WriteUpToEightDigits(at, value);
+    const std::uint64_t upper = value / EIGHT_DIGITS_END;
+    if (upper < EIGHT_DIGITS_END) {
+        at = WriteUpToEightDigits(at, upper);
+    } else {
+        at = WriteUpToEightDigits(at, upper / EIGHT_DIGITS_END);
+        at = WriteEightDigits(at, upper % EIGHT_DIGITS_END);
     }
-    const unsigned int first = count - rest;
-    const std::uint64_t digits = (EightDigits(static_cast<std::uint32_t>(value)) | EIGHT_ZEROS) >> (64U - 8U * first);
-    if (rest == 0)
-        put(at, digits);
-    else
-        std::memcpy(at, &digits, first);
-    return at + count;
+    return WriteEightDigits(at, value % EIGHT_DIGITS_END);
 }
 
 /// Writes an integer, DECIMAL_ROOM bytes at most. \return the end of the text, DecimalLength(value) bytes behind \p at.
@@ -148,7 +189,7 @@ char* WriteFixed(char* at, T value) noexcept
     at = WriteDigits(at, whole);
     *at++ = '.';
     const std::uint64_t digits = (EightDigits(millionths) | EIGHT_ZEROS) >> 16U;
-    std::memcpy(at, &digits, 6);
+    std::memcpy(at, &digits, sizeof digits);
     return at + 6;
 }
 

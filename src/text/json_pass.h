@@ -51,7 +51,10 @@ public:
     }
     void Unsupported(const CConstRefrence&) {}
     /// What is read through a pointer may be the memory that is to be written to.
-    void Pointer(const void* address) { m_meetsOut |= Number(address) - m_out <= m_capacity; }
+    void Pointer(const void* address)
+    {
+        if (__builtin_expect(Number(address) - m_out <= m_capacity, 0)) m_meetsOut = true;
+    }
     /// A function of the application's is asked, which may say something else when the text is written.
     void Foreign() { m_isForeign = true; }
 

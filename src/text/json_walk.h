@@ -51,6 +51,8 @@ public:
     bool IsUnsupported() const { return m_isUnsupported; }
 
 private:
+    static constexpr core::CBasicType<Enum::DT_STD_STRING, std::string> STRING_TYPE{};
+
     static bool IsNestingCode(unsigned char code)
     {
         return code == Enum::DT_CLASS || (code >= 61 && code <= 98) || code == Enum::DT_GNL_CLASS ||
@@ -67,7 +69,7 @@ private:
     }
 
     /// A value whose type is only known here.
-    Cursor Basic(Cursor at, unsigned char code, const void* value, bool isQuoted)
+    __attribute__((noinline)) Cursor Basic(Cursor at, unsigned char code, const void* value, bool isQuoted)
     {
         core::VisitBasicType(code, [&](auto type) { at = m_pass.Value(type, at, value, isQuoted); });
         return at;
@@ -175,10 +177,13 @@ private:
     {
         at = m_pass.Byte(at, '{');
         for (const typeinfo::CRecordPlan& record : plan) {
-            if (record.Op == Operation::UNUSUAL) {
-                const CConstRefrence value(*record.Type, object + record.HolderOffset);
-                at = Attrib(at, value, *record.Infor, &record == plan.begin(), nesting);
-            } else if (const char* const value = record.Value(object)) {
+            const char* const value = record.Value(object);
+            if (record.Op == Operation::STD_STRING) {
+                if (value != nullptr) at = m_pass.Value(STRING_TYPE, m_pass.Key(at, record), value, true);
+            } else if (__builtin_expect(record.Op == Operation::UNUSUAL, 0)) {
+                const CConstRefrence held(*record.Type, object + record.HolderOffset);
+                at = Attrib(at, held, *record.Infor, &record == plan.begin(), nesting);
+            } else if (value != nullptr) {
                 at = Planned(m_pass.Key(at, record), record, value, nesting);
             }
         }

@@ -27,7 +27,8 @@ enum class Operation : unsigned char {
     UNUSUAL = 0,     ///< left to the plain walk: union members' classes, custom types, records, bits, unknown codes
     CLASS = 1,       ///< an object whose class has, or may get, a plan
     CONTAINER = 2,   ///< likewise
-    FIRST_BASIC = 11 ///< from here on: Enum::DT_BOOL and its kin
+    FIRST_BASIC = 11, ///< from here on: Enum::DT_BOOL and its kin
+    STD_STRING = 41
 };
 
 /// How a value lies at its holder.
