@@ -145,11 +145,11 @@ void CBinary::CopyTo(void* dst, unsigned long len, unsigned long pos) const
 
 std::string CBinary::AsHexString() const
 {
-    static constexpr char kDigits[] = "0123456789abcdef";
+    static constexpr char DIGITS[] = "0123456789abcdef";
     std::string text(2 * Size, '\0');
     for (unsigned long i = 0; i < Size; ++i) {
-        text[2 * i] = kDigits[Data[i] >> 4U];
-        text[2 * i + 1] = kDigits[Data[i] & 0x0FU];
+        text[2 * i] = DIGITS[Data[i] >> 4U];
+        text[2 * i + 1] = DIGITS[Data[i] & 0x0FU];
     }
     return text;
 }

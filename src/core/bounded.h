@@ -12,12 +12,11 @@
 // Copying and formatting that refuses instead of overrunning, in the manner of C11's Annex K. Our own, because packaged
 // implementations refuse everything above 256 MiB and would drop a large text without a word.
 
-namespace vexa {
-namespace core {
+namespace vexa::core {
 
 /// The largest size that is believed. A room of capacity minus position wraps to more than this once the position has
 /// passed the capacity, and is refused therefore.
-constexpr std::size_t kMaxBoundedSize = SIZE_MAX / 2;
+constexpr std::size_t MAX_BOUNDED_SIZE = SIZE_MAX / 2;
 
 /// True when `n` bytes at `a` and `n` bytes at `b` share a byte.
 inline bool Overlap(const void* a, const void* b, std::size_t n) noexcept
@@ -34,7 +33,7 @@ inline int memcpy_s(void* dst, std::size_t dstSize, const void* src, std::size_t
     if (dst == nullptr || src == nullptr) {
         return EINVAL;
     }
-    if (dstSize > kMaxBoundedSize || n > dstSize) {
+    if (dstSize > MAX_BOUNDED_SIZE || n > dstSize) {
         return ERANGE;
     }
     if (Overlap(dst, src, n)) {
@@ -51,7 +50,7 @@ inline int memset_s(void* dst, std::size_t dstSize, int c, std::size_t n) noexce
     if (dst == nullptr) {
         return EINVAL;
     }
-    if (dstSize > kMaxBoundedSize || n > dstSize) {
+    if (dstSize > MAX_BOUNDED_SIZE || n > dstSize) {
         return ERANGE;
     }
     std::memset(dst, c, n);
@@ -81,11 +80,11 @@ inline bool StoresThroughArgument(const char* format) noexcept
 __attribute__((format(printf, 4, 0))) inline int vsnprintf_s(char* dst, std::size_t dstSize, std::size_t count,
                                                              const char* format, std::va_list args) noexcept
 {
-    if (dst == nullptr || dstSize == 0 || dstSize > kMaxBoundedSize) {
+    if (dst == nullptr || dstSize == 0 || dstSize > MAX_BOUNDED_SIZE) {
         return -1;
     }
     dst[0] = '\0';
-    if (format == nullptr || count > kMaxBoundedSize || StoresThroughArgument(format)) {
+    if (format == nullptr || count > MAX_BOUNDED_SIZE || StoresThroughArgument(format)) {
         return -1;
     }
     const std::size_t room = count < dstSize ? count + 1 : dstSize;
@@ -103,13 +102,12 @@ __attribute__((format(printf, 3, 0))) inline int vsprintf_s(char* dst, std::size
                                                             std::va_list args) noexcept
 {
     const int length = vsnprintf_s(dst, dstSize, dstSize, format, args);
-    if (length < 0 && dst != nullptr && dstSize != 0 && dstSize <= kMaxBoundedSize) {
+    if (length < 0 && dst != nullptr && dstSize != 0 && dstSize <= MAX_BOUNDED_SIZE) {
         dst[0] = '\0';
     }
     return length;
 }
 
-} // namespace core
-} // namespace vexa
+} // namespace vexa::core
 
 #endif

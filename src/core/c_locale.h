@@ -3,8 +3,7 @@
 
 #include <locale.h>
 
-namespace vexa {
-namespace core {
+namespace vexa::core {
 
 /// The "C" locale, for the functions that take one: text must not change with the process's locale. Never freed.
 inline locale_t CLocale() noexcept
@@ -26,7 +25,6 @@ private:
     locale_t m_previous;
 };
 
-} // namespace core
-} // namespace vexa
+} // namespace vexa::core
 
 #endif

@@ -11,10 +11,10 @@ namespace vexa {
 
 namespace {
 
-constexpr int kFirstYear = 1900;
+constexpr int FIRST_YEAR = 1900;
 
 /// The year 9999, counted as a `tm` counts.
-constexpr unsigned kLastTmYear = 9999 - kFirstYear;
+constexpr unsigned LAST_TM_YEAR = 9999 - FIRST_YEAR;
 
 void Clear(tm& t) { core::memset_s(&t, sizeof t, 0, sizeof t); }
 
@@ -23,7 +23,7 @@ bool IsAtMost(int field, unsigned limit) { return static_cast<unsigned>(field) <
 
 bool HasCalendarFields(const tm& t)
 {
-    return IsAtMost(t.tm_year, kLastTmYear) && IsAtMost(t.tm_mon, 11) && t.tm_mday >= 1 && t.tm_mday <= 31 &&
+    return IsAtMost(t.tm_year, LAST_TM_YEAR) && IsAtMost(t.tm_mon, 11) && t.tm_mday >= 1 && t.tm_mday <= 31 &&
            IsAtMost(t.tm_hour, 23) && IsAtMost(t.tm_min, 59) && IsAtMost(t.tm_sec, 59);
 }
 
@@ -33,8 +33,8 @@ bool Date2Tm(tm& t, unsigned short year, unsigned char month, unsigned char day)
 {
     Clear(t);
     // A year before 1900 wraps to one far behind 9999.
-    const auto tmYear = static_cast<unsigned short>(year - kFirstYear);
-    if (tmYear > kLastTmYear || month < 1 || month > 12 || day < 1 || day > 31) {
+    const auto tmYear = static_cast<unsigned short>(year - FIRST_YEAR);
+    if (tmYear > LAST_TM_YEAR || month < 1 || month > 12 || day < 1 || day > 31) {
         return false;
     }
     t.tm_year = tmYear;
@@ -59,7 +59,7 @@ bool DateTime2Tm(tm& t, unsigned short year, unsigned char month, unsigned char 
 bool String2Tm(tm& t, const std::string& s)
 {
     Clear(t);
-    return strptime_l(s.c_str(), core::kDateTimeFormat, &t, core::CLocale()) != nullptr;
+    return strptime_l(s.c_str(), core::DATE_TIME_FORMAT, &t, core::CLocale()) != nullptr;
 }
 
 std::string Tm2String(const tm& t, const std::string& format) { return core::FormatTm(t, format.c_str()); }

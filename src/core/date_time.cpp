@@ -14,7 +14,7 @@ namespace vexa {
 namespace {
 
 /// Milliseconds in a second. Time words are reckoned with as unsigned numbers, which may wrap.
-constexpr std::uint64_t kSecond = 1000;
+constexpr std::uint64_t SECOND = 1000;
 
 /// Seconds since 1970 of a UTC time; negative when there is no such time. The C library knows local time only, whose
 /// distance from UTC is taken off again.
@@ -46,14 +46,13 @@ std::time_t SecondsOfLocal(const tm& given)
 
 } // namespace
 
-const std::string CDateTime::DEFAULT_DATETIME_FORMAT = core::kDateTimeFormat;
+const std::string CDateTime::DEFAULT_DATETIME_FORMAT = core::DATE_TIME_FORMAT;
 
 CDateTime::CDateTime(long secs, long msecs)
 {
     State = secs >= 0 ? Enum::VS_VALID : Enum::VS_ERROR;
     if (secs >= 0) {
-        TimeWord =
-            (static_cast<std::uint64_t>(secs) * kSecond + static_cast<std::uint64_t>(msecs)) & ~core::kPackedFlag;
+        TimeWord = (static_cast<std::uint64_t>(secs) * SECOND + static_cast<std::uint64_t>(msecs)) & ~core::PACKED_FLAG;
     }
 }
 
@@ -126,17 +125,17 @@ void CDateTime::ReadFrom(const tm& t, bool utc)
 {
     const std::time_t seconds = utc ? SecondsOfUtc(t) : SecondsOfLocal(t);
     if (seconds >= 0) {
-        TimeWord = static_cast<std::uint64_t>(seconds) * kSecond & ~core::kPackedFlag;
+        TimeWord = static_cast<std::uint64_t>(seconds) * SECOND & ~core::PACKED_FLAG;
         State = Enum::VS_VALID;
     } else if (t.tm_year < 70) {
-        TimeWord = tm2mtm(t, utc) | core::kPackedFlag;
+        TimeWord = tm2mtm(t, utc) | core::PACKED_FLAG;
         State = Enum::VS_VALID;
     } else {
         State = Enum::VS_ERROR;
     }
 }
 
-long CDateTime::secs() const { return core::IsPacked(TimeWord) ? -1 : static_cast<long>(TimeWord / kSecond); }
+long CDateTime::secs() const { return core::IsPacked(TimeWord) ? -1 : static_cast<long>(TimeWord / SECOND); }
 
 std::time_t CDateTime::As_time_t() const { return secs(); }
 
@@ -144,7 +143,7 @@ unsigned long CDateTime::msecs() const { return core::IsPacked(TimeWord) ? ~0UL 
 
 unsigned short CDateTime::msec() const
 {
-    const std::uint64_t part = core::IsPacked(TimeWord) ? core::kPackedMillisecond.Get(TimeWord) : TimeWord % kSecond;
+    const std::uint64_t part = core::IsPacked(TimeWord) ? core::PACKED_MILLISECOND.Get(TimeWord) : TimeWord % SECOND;
     return static_cast<unsigned short>(part);
 }
 
@@ -177,7 +176,7 @@ std::string CDateTime::AsString(const char* format, bool utc) const
     if (State == Enum::VS_ERROR) {
         return "(Error)";
     }
-    return core::FormatTm(As_tm(utc), format != nullptr ? format : core::kDateTimeFormat);
+    return core::FormatTm(As_tm(utc), format != nullptr ? format : core::DATE_TIME_FORMAT);
 }
 
 } // namespace vexa

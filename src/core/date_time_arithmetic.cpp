@@ -6,10 +6,10 @@ namespace vexa {
 
 namespace {
 
-constexpr std::uint64_t kSecond = 1000;
-constexpr std::uint64_t kMinute = 60 * kSecond;
-constexpr std::uint64_t kHour = 60 * kMinute;
-constexpr std::uint64_t kDay = 24 * kHour;
+constexpr std::uint64_t SECOND = 1000;
+constexpr std::uint64_t MINUTE = 60 * SECOND;
+constexpr std::uint64_t HOUR = 60 * MINUTE;
+constexpr std::uint64_t DAY = 24 * HOUR;
 
 /// The milliseconds of `n` units, as a number to add to a time word. Unsigned, because a sum may wrap.
 std::uint64_t Milliseconds(long n, std::uint64_t unit) { return static_cast<std::uint64_t>(n) * unit; }
@@ -19,13 +19,13 @@ CDateTime& AddTo(CDateTime& t, std::uint64_t milliseconds)
     if (core::IsPacked(t.TimeWord)) {
         t.State = Enum::VS_ERROR;
     } else {
-        t.TimeWord = (t.TimeWord + milliseconds) & ~core::kPackedFlag;
+        t.TimeWord = (t.TimeWord + milliseconds) & ~core::PACKED_FLAG;
     }
     return t;
 }
 
 /// Orders two words as unsigned numbers once the flag is turned round: packed dates are the earlier ones.
-std::uint64_t SortKey(const CDateTime& t) { return t.TimeWord ^ core::kPackedFlag; }
+std::uint64_t SortKey(const CDateTime& t) { return t.TimeWord ^ core::PACKED_FLAG; }
 
 } // namespace
 
@@ -33,21 +33,21 @@ CDateTime& CDateTime::operator+=(long ms) { return AddTo(*this, Milliseconds(ms,
 
 CDateTime& CDateTime::operator-=(long ms) { return AddTo(*this, 0 - Milliseconds(ms, 1)); }
 
-CDateTime& CDateTime::AddDay(int n) { return AddTo(*this, Milliseconds(n, kDay)); }
+CDateTime& CDateTime::AddDay(int n) { return AddTo(*this, Milliseconds(n, DAY)); }
 
-CDateTime& CDateTime::SubDay(int n) { return AddTo(*this, 0 - Milliseconds(n, kDay)); }
+CDateTime& CDateTime::SubDay(int n) { return AddTo(*this, 0 - Milliseconds(n, DAY)); }
 
-CDateTime& CDateTime::AddHour(int n) { return AddTo(*this, Milliseconds(n, kHour)); }
+CDateTime& CDateTime::AddHour(int n) { return AddTo(*this, Milliseconds(n, HOUR)); }
 
-CDateTime& CDateTime::SubHour(int n) { return AddTo(*this, 0 - Milliseconds(n, kHour)); }
+CDateTime& CDateTime::SubHour(int n) { return AddTo(*this, 0 - Milliseconds(n, HOUR)); }
 
-CDateTime& CDateTime::AddMin(int n) { return AddTo(*this, Milliseconds(n, kMinute)); }
+CDateTime& CDateTime::AddMin(int n) { return AddTo(*this, Milliseconds(n, MINUTE)); }
 
-CDateTime& CDateTime::SubMin(int n) { return AddTo(*this, 0 - Milliseconds(n, kMinute)); }
+CDateTime& CDateTime::SubMin(int n) { return AddTo(*this, 0 - Milliseconds(n, MINUTE)); }
 
-CDateTime& CDateTime::AddSec(int n) { return AddTo(*this, Milliseconds(n, kSecond)); }
+CDateTime& CDateTime::AddSec(int n) { return AddTo(*this, Milliseconds(n, SECOND)); }
 
-CDateTime& CDateTime::SubSec(int n) { return AddTo(*this, 0 - Milliseconds(n, kSecond)); }
+CDateTime& CDateTime::SubSec(int n) { return AddTo(*this, 0 - Milliseconds(n, SECOND)); }
 
 CDateTime& CDateTime::AddMSec(long n) { return AddTo(*this, Milliseconds(n, 1)); }
 

@@ -6,8 +6,7 @@
 
 #include "core/bounded.h"
 
-namespace vexa {
-namespace core {
+namespace vexa::core {
 namespace {
 
 /// Hands the escaped text to `put` piece by piece: each run of plain bytes whole, then the escape sequence behind it.
@@ -55,9 +54,9 @@ void AppendStringWithEscape(std::string& out, const char* p, std::size_t n)
     ForEachPiece(p, n, [&out](const char* piece, std::size_t length) { out.append(piece, length); });
 }
 
-} // namespace core
+} // namespace vexa::core
 
-namespace helper {
+namespace vexa::helper {
 
 void SetStringWithEscape(char* buf, unsigned long& pos, unsigned long cap, const std::string& s)
 {
@@ -69,5 +68,4 @@ void AppendStringWithEscape(std::string& out, const std::string& s)
     core::AppendStringWithEscape(out, s.data(), s.size());
 }
 
-} // namespace helper
-} // namespace vexa
+} // namespace vexa::helper

@@ -4,12 +4,10 @@
 
 #include <vexa/helper.h>
 
-namespace vexa {
-namespace helper {
+namespace vexa::helper {
 
 void Acquire_Recursive_Thread_Mutex() { ACE_OS::mutex_lock(&ACE_Static_Object_Lock::instance()->lock()); }
 
 void Release_Recursive_Thread_Mutex() { ACE_OS::mutex_unlock(&ACE_Static_Object_Lock::instance()->lock()); }
 
-} // namespace helper
-} // namespace vexa
+} // namespace vexa::helper

@@ -6,15 +6,14 @@
 
 #include "core/bounded.h"
 
-namespace vexa {
-namespace helper {
+namespace vexa::helper {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 2048;
+constexpr std::size_t BUFFER_SIZE = 2048;
 
 /// Leaves one place behind the longest text, beside the one for the terminating zero: the newline's.
-constexpr std::size_t kMaxText = kBufferSize - 2;
+constexpr std::size_t MAX_TEXT = BUFFER_SIZE - 2;
 
 /// Text and newline go out in one write, so that another thread's line cannot come between them.
 __attribute__((format(printf, 1, 0))) void WriteLine(const char* format, std::va_list args)
@@ -22,9 +21,9 @@ __attribute__((format(printf, 1, 0))) void WriteLine(const char* format, std::va
     if (format == nullptr) {
         return;
     }
-    char buffer[kBufferSize] = {};
-    core::vsnprintf_s(buffer, kBufferSize, kMaxText, format, args);
-    const std::size_t length = strnlen(buffer, kMaxText);
+    char buffer[BUFFER_SIZE] = {};
+    core::vsnprintf_s(buffer, BUFFER_SIZE, MAX_TEXT, format, args);
+    const std::size_t length = strnlen(buffer, MAX_TEXT);
     buffer[length] = '\n';
     std::cout.write(buffer, static_cast<std::streamsize>(length + 1)).flush();
 }
@@ -47,5 +46,4 @@ void LogError(const char* format, ...)
     va_end(args);
 }
 
-} // namespace helper
-} // namespace vexa
+} // namespace vexa::helper

@@ -3,13 +3,12 @@
 
 #include <cstdint>
 
-namespace vexa {
-namespace core {
+namespace vexa::core {
 
 /// The top bit of a time word: set when the word is a packed date and time.
-constexpr std::uint64_t kPackedFlag = std::uint64_t{1} << 63U;
+constexpr std::uint64_t PACKED_FLAG = std::uint64_t{1} << 63U;
 
-constexpr bool IsPacked(std::uint64_t word) { return (word & kPackedFlag) != 0; }
+constexpr bool IsPacked(std::uint64_t word) { return (word & PACKED_FLAG) != 0; }
 
 /// The place of one field in a packed word.
 struct PackedField {
@@ -23,19 +22,18 @@ struct PackedField {
 };
 
 // From the most significant field down, so that packed words compare as the times do.
-constexpr PackedField kPackedYear{51, 12};
-constexpr PackedField kPackedMonth{47, 4};
-constexpr PackedField kPackedDay{42, 5};
-constexpr PackedField kPackedHour{37, 5};
-constexpr PackedField kPackedMinute{31, 6};
-constexpr PackedField kPackedSecond{25, 6};
-constexpr PackedField kPackedMillisecond{15, 10};
-constexpr PackedField kPackedYearDay{6, 9};
-constexpr PackedField kPackedWeekDay{3, 3};
-constexpr PackedField kPackedDaylight{1, 2};
-constexpr PackedField kPackedUtc{0, 1};
+constexpr PackedField PACKED_YEAR{51, 12};
+constexpr PackedField PACKED_MONTH{47, 4};
+constexpr PackedField PACKED_DAY{42, 5};
+constexpr PackedField PACKED_HOUR{37, 5};
+constexpr PackedField PACKED_MINUTE{31, 6};
+constexpr PackedField PACKED_SECOND{25, 6};
+constexpr PackedField PACKED_MILLISECOND{15, 10};
+constexpr PackedField PACKED_YEAR_DAY{6, 9};
+constexpr PackedField PACKED_WEEK_DAY{3, 3};
+constexpr PackedField PACKED_DAYLIGHT{1, 2};
+constexpr PackedField PACKED_UTC{0, 1};
 
-} // namespace core
-} // namespace vexa
+} // namespace vexa::core
 
 #endif

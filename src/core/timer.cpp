@@ -5,8 +5,7 @@
 
 #include <vexa/helper.h>
 
-namespace vexa {
-namespace helper {
+namespace vexa::helper {
 
 namespace {
 
@@ -74,5 +73,4 @@ void CTimer::PrintElapseMs(const char* label)
 
 void CTimer::PrintElapseUs(const char* label) { PrintElapseMs(label); }
 
-} // namespace helper
-} // namespace vexa
+} // namespace vexa::helper
