@@ -32,8 +32,17 @@ VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 /// comes again finds what it left: texts and containers are appended to. What a null kept (a MayNull below its flag) is
 /// emptied before it is read. \p text must not be part of \p target. \return 0, or a code that names the point of
 /// failure, see JsonResultText; of the library's own are 997, where there is no value to read into (a pointee or an
-/// element that cannot be made, a container without the operation that takes elements), and 999, where the text nests
-/// deeper than MAX_NESTING_DEPTH. What was read before stays in \p target.
+/// element that cannot be made, a container without the operation that takes elements, a union whose member cannot be
+/// made or destroyed in place), 998 (see below), and 999, where the text nests deeper than MAX_NESTING_DEPTH. What was
+/// read before stays in \p target.
+///
+/// Text does not choose an address: where any member of a union holds a pointer or needs a destructor, also deep
+/// inside, its members are read only while they are the active ones, else 998. When the text, or the clearing before
+/// it, changes the selector, the member that was active is destroyed and the one that becomes active is made, a default
+/// one; a union whose selector does not change is left alone. Made in place are basic types, pointers, std::vectors,
+/// arrays, and classes and custom types of these that have no undescribed part; another member makes the change of the
+/// selector fail with 997, and the selector keeps its value. Members of a union of plain values are read by name,
+/// active or not.
 VEXA_API int FromJson(CRefrence& target, const std::string& text);
 inline int FromJson(CRefrence&& target, const std::string& text) { return FromJson(target, text); }
 

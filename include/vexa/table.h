@@ -77,10 +77,12 @@ VEXA_API bool TableFromObjects(CTable& table, const CContainerConstRefrence& con
                                const std::vector<std::string>& columns = {});
 
 /// Appends to a sequence container of objects one for each row of \p table, and sets the attributes that the columns
-/// name, with the library's conversions. A null sets a null, or the default of an attribute that cannot be null. \param
-/// unknown receives the names of the columns for which the class has no attribute that TableFromObjects would give.
-/// \return false, with the container unchanged, when its elements are no objects of a class, or when it is read-only or
-/// cannot be appended to.
+/// name, with the library's conversions. A null sets a null, or the default of an attribute that cannot be null. A
+/// member of a union, or an attribute in one, is set only while it is the active one; selectors come before. Where a
+/// selector changes, members that hold pointers or objects change hands as in FromJson; where they cannot, it stays.
+/// \param unknown receives the names of the columns for which the class has no attribute that TableFromObjects would
+/// give. \return false, with the container unchanged, when its elements are no objects of a class, or when it is
+/// read-only or cannot be appended to.
 VEXA_API bool ObjectsFromTable(CContainerRefrence& container, const CTable& table,
                                std::vector<std::string>* unknown = nullptr);
 

@@ -7,6 +7,7 @@
 #include "core/basic_types.h"
 #include "core/type_table.h"
 #include "reference/custom_value.h"
+#include "reference/union_watch.h"
 
 namespace vexa {
 
@@ -18,6 +19,7 @@ namespace {
 struct CLeaf {
     std::string Name;
     std::vector<const CAttribInfor*> Members;
+    const CClassInfor* Owner;
     const CAttribInfor* Attrib;
     bool IsMasked;
 };
@@ -53,7 +55,7 @@ private:
                 path.push_back(&attrib);
                 Collect(*static_cast<const CClassInfor*>(attrib.TypeInfor.DetailInfor), name + "_", path, isMaskedHere);
             } else if (IsLeaf(attrib.TypeInfor)) {
-                Add({name, members, &attrib, isMaskedHere});
+                Add({name, members, &infor, &attrib, isMaskedHere});
             }
         }
     }
@@ -79,16 +81,16 @@ CRefrence AttribOf(void* object, const CAttribInfor& attrib)
     return {attrib.TypeInfor, isThere ? static_cast<char*>(object) + attrib.Offset : nullptr};
 }
 
-/// The leaf in one object; without address when a member on the way is null, or when it or such a member is not the
-/// active one of its union. \param isToBeSet makes the members on the way not null.
-CRefrence LeafOf(void* object, const CLeaf& leaf, bool isToBeSet)
+/// The object that the leaf is an attribute of; null when a member on the way is null or not the active one of its
+/// union. \param isToBeSet makes the members on the way not null.
+void* OwnerOf(void* object, const CLeaf& leaf, bool isToBeSet)
 {
     for (const CAttribInfor* const member : leaf.Members) {
         CRefrence ref = AttribOf(object, *member);
         if (isToBeSet) ref.SetNotNull();
         object = ref.ValueAddress();
     }
-    return AttribOf(object, *leaf.Attrib);
+    return object;
 }
 
 DataTypeEnum ColumnType(const CGnlTypeInfor& type)
@@ -132,7 +134,6 @@ void WriteBasic(CStdBasicTypeRefrence& target, const CValue& value)
 
 void WriteLeaf(CRefrence leaf, const CValue& value)
 {
-    if (leaf.Address == nullptr) return;
     if (value.IsNull()) return leaf.Clear();
     if (leaf.TypeInfor.DataType != DT_CUSTOM_BASIC) return WriteBasic(leaf.AsStdBasicType(), value);
     leaf.SetNotNull();
@@ -143,6 +144,16 @@ void WriteLeaf(CRefrence leaf, const CValue& value)
     }
     const auto convert = reference::CustomInfor(leaf.TypeInfor).FromValue;
     if (convert != nullptr && leaf.ValueAddress() != nullptr) convert(leaf.ValueAddress(), value);
+}
+
+/// A leaf that is the selector of a union hands it over; where that cannot be done, it keeps its value.
+void WriteCell(void* object, const CLeaf& leaf, const CValue& value)
+{
+    void* const owner = OwnerOf(object, leaf, !value.IsNull());
+    const CRefrence attrib = AttribOf(owner, *leaf.Attrib);
+    if (attrib.Address == nullptr) return;
+    const reference::CUnionWatch watch(*leaf.Owner, owner);
+    WriteLeaf(attrib, value);
 }
 
 const CClassInfor* ElementClass(const CContainerConstRefrence& container)
@@ -182,7 +193,7 @@ bool TableFromObjects(CTable& table, const CContainerConstRefrence& container, c
         CRow& row = table.AddRow();
         void* const object = element.ValueAddress();
         for (std::size_t i = 0; i < selected.size(); ++i)
-            ReadLeaf(row[i], LeafOf(object, *selected[i], false));
+            ReadLeaf(row[i], AttribOf(OwnerOf(object, *selected[i], false), *selected[i]->Attrib));
     }
     return isComplete;
 }
@@ -208,7 +219,7 @@ bool ObjectsFromTable(CContainerRefrence& container, const CTable& table, std::v
         element.SetNotNull();
         void* const object = element.ValueAddress();
         for (const auto& [leaf, column] : filled) {
-            if (column < row.Size()) WriteLeaf(LeafOf(object, *leaf, !row[column].IsNull()), row[column]);
+            if (column < row.Size()) WriteCell(object, *leaf, row[column]);
         }
     }
     return true;

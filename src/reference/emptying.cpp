@@ -3,6 +3,9 @@
 #include <vector>
 
 #include <vexa/class_refrence.h>
+#include <vexa/container_refrence.h>
+
+#include "reference/union_watch.h"
 
 namespace vexa::reference {
 
@@ -25,34 +28,65 @@ CRefrence BelowFlag(const CRefrence& wrapper)
     return {CGnlTypeInfor(type.DataType, flags, type.DetailInfor), type.ValueAddress(wrapper.Address)};
 }
 
-/// The members of unions are those that were active before: their selectors are emptied too.
-void EmptyMembers(const CClassConstRefrence& object)
+using Drop = bool (*)(CRefrence value);
+
+/// Drops the contents of every attribute. The members of unions are those that were active before: their selectors are
+/// dropped too.
+bool DropMembers(const CClassConstRefrence& object, Drop drop)
 {
+    if (object.ValueAddress() == nullptr) return true;
+    CUnionWatch watch(object.ClassInfor(), object.ValueAddress());
     std::vector<CRefrence> members;
-    for (const auto& attrib : object.Attribs())
-        members.emplace_back(attrib.Value().TypeInfor, attrib.Value().Address);
+    for (const auto& attrib : object.Attribs()) {
+        // The walk shows the first record whatever its union holds.
+        const bool isClosed =
+            IsGuarded(object.ClassInfor(), attrib.Infor()) && !IsActiveAttrib(attrib.Infor(), object.ValueAddress());
+        if (!isClosed) members.emplace_back(attrib.Value().TypeInfor, attrib.Value().Address);
+    }
+    bool isSettled = true;
     for (const CRefrence& member : members)
-        Empty(member);
+        isSettled = drop(member) && isSettled;
+    return watch.Settle() && isSettled;
 }
+
+bool DropSlots(const CContainerConstRefrence& array, Drop drop)
+{
+    bool isSettled = true;
+    for (const CConstRefrence& slot : array)
+        isSettled = drop({slot.TypeInfor, slot.Address}) && isSettled;
+    return isSettled;
+}
+
+bool IsObject(const CGnlTypeInfor& type) { return type.DataType == DT_CLASS && !type.Has(HF_NULLABLE); }
 
 } // namespace
 
-void Empty(CRefrence value)
+bool ClearAndSettle(CRefrence value)
 {
     const CGnlTypeInfor& type = value.TypeInfor;
-    if (value.Address != nullptr && !type.Has(HF_CONST)) {
-        if (IsKeptInWrapper(type))
-            Empty(BelowFlag(value));
-        else if (type.DataType == DT_CLASS && !type.Has(HF_NULLABLE))
-            return EmptyMembers(value.AsClass());
+    if (value.Address == nullptr || type.Has(HF_CONST) || !ContainsGuardedUnions(type)) {
+        value.Clear();
+        return true;
     }
-    value.Clear();
+    return IsObject(type) ? DropMembers(value.AsClass(), &ClearAndSettle)
+                          : DropSlots(value.AsContainer(), &ClearAndSettle);
 }
 
-void SetNotNullAndEmpty(CRefrence& value)
+bool Empty(CRefrence value)
 {
-    if (IsKeptInWrapper(value.TypeInfor) && value.Address != nullptr && value.IsNull()) Empty(BelowFlag(value));
+    const CGnlTypeInfor& type = value.TypeInfor;
+    if (value.Address == nullptr || type.Has(HF_CONST)) return ClearAndSettle(value);
+    if (IsObject(type)) return DropMembers(value.AsClass(), &Empty);
+    const bool isSettled = !IsKeptInWrapper(type) || Empty(BelowFlag(value));
+    return ClearAndSettle(value) && isSettled;
+}
+
+bool SetNotNullAndEmpty(CRefrence& value)
+{
+    const bool isKept = IsKeptInWrapper(value.TypeInfor) && value.Address != nullptr && value.IsNull();
+    const bool isSettled = !isKept || Empty(BelowFlag(value));
     value.SetNotNull();
+    return isSettled;
 }
 
 } // namespace vexa::reference

@@ -36,8 +36,8 @@ int CJsonReader::ReadArray(CRefrence& target)
     if (!m_cursor.Take('[')) return ARRAY_NO_BRACKET;
     if (!m_cursor.SkipBlanks()) return ARRAY_ENDS_AFTER_BRACKET;
     if (m_cursor.Take(']')) return 0;
-    reference::SetNotNullAndEmpty(target);
-    return target.ValueAddress() != nullptr ? ReadOpenArray(target.AsContainer()) : static_cast<int>(VALUE_MISSING);
+    if (!reference::SetNotNullAndEmpty(target) || target.ValueAddress() == nullptr) return VALUE_MISSING;
+    return ReadOpenArray(target.AsContainer());
 }
 
 /// How a container takes elements is told by its code, and then by the operations that it has.
@@ -96,13 +96,12 @@ int CJsonReader::ReadInserted(const CContainerConstRefrence& container)
     const CMade made(infor.ElementType);
     if (made.Object == nullptr) return VALUE_MISSING;
     CRefrence scratch(infor.ElementType, made.Object);
-    reference::Empty(scratch);
+    if (!reference::Empty(scratch)) return VALUE_MISSING;
     return ReadElements([&] {
         const int code = ReadValue(scratch);
         if (code != 0) return code;
         infor.Insert(address, scratch.Address);
-        reference::Empty(scratch);
-        return 0;
+        return reference::Empty(scratch) ? 0 : static_cast<int>(VALUE_MISSING);
     });
 }
 

@@ -37,7 +37,8 @@ enum JsonCode : int {
     CUSTOM_STRING_UNREADABLE = 939,
     KIND_UNREADABLE = 956,
     TARGET_READ_ONLY = 965,
-    VALUE_MISSING = 997, ///< the library's own, like the next: there is no value or container to read into
+    VALUE_MISSING = 997, ///< the library's own, like the next ones: there is no value or container to read into
+    UNION_MEMBER_INACTIVE = 998,
     NESTED_TOO_DEEP = 999
 };
 

@@ -8,6 +8,7 @@
 #include <vexa/class_refrence.h>
 #include <vexa/group.h>
 
+#include "reference/union_watch.h"
 #include "text/json_code.h"
 
 // What the kinds of JSON objects have each for themselves: their codes, and where a key leads.
@@ -30,6 +31,8 @@ inline constexpr CObjectCodes GENERIC_CODES = {GENERIC_NO_BRACE,         GENERIC
 /// Finds the entries of a generic object by their keys; a null one has none.
 class CGenericKeys {
 public:
+    static constexpr bool IS_CLASS = false;
+
     explicit CGenericKeys(const CGnlClass* object) : m_object(object) {}
     CRefrence Find(const char* key, std::size_t length) const
     {
@@ -46,9 +49,12 @@ private:
 /// the class, so the next few records are tried before the index.
 class CClassKeys {
 public:
+    static constexpr bool IS_CLASS = true;
+
     explicit CClassKeys(const CClassConstRefrence& object)
-        : m_object(object), m_address(static_cast<char*>(object.ValueAddress())),
-          m_next(object.ClassInfor().AttribList.begin()), m_end(object.ClassInfor().AttribList.end())
+        : m_infor(object.ClassInfor()), m_address(static_cast<char*>(object.ValueAddress())),
+          m_next(m_infor.AttribList.begin()), m_end(m_infor.AttribList.end()),
+          m_isGuarded(reference::HasGuardedUnions(m_infor))
     {
     }
 
@@ -59,18 +65,31 @@ public:
         for (int tries = 0; tries < 4 && candidate != m_end; ++tries, ++candidate) {
             if (candidate->Name.size() != length || std::memcmp(candidate->Name.data(), key, length) != 0) continue;
             m_next = std::next(candidate);
-            return {candidate->TypeInfor, m_address + candidate->Offset};
+            return RefrenceOf(&*candidate);
         }
-        CRefrence found;
-        m_object.FindAttribByName(found, std::string(key, length));
-        return found;
+        const auto named = m_infor.AttribNameMap.find(std::string(key, length));
+        return RefrenceOf(named != m_infor.AttribNameMap.end() ? named->second : nullptr);
     }
 
+    /// Whether the class has unions that must be watched while one of its attributes is read.
+    bool IsGuarded() const { return m_isGuarded; }
+    /// Whether the attribute that was found last may be touched.
+    bool IsFoundOpen() const { return !reference::IsGuarded(m_infor, *m_found) || IsActiveAttrib(*m_found, m_address); }
+    reference::CUnionWatch Watch() const { return {m_infor, m_address}; }
+
 private:
-    const CClassConstRefrence& m_object;
+    CRefrence RefrenceOf(const CAttribInfor* attrib)
+    {
+        m_found = attrib;
+        return attrib != nullptr ? CRefrence(attrib->TypeInfor, m_address + attrib->Offset) : CRefrence();
+    }
+
+    const CClassInfor& m_infor;
     char* m_address;
     std::list<CAttribInfor>::const_iterator m_next;
     std::list<CAttribInfor>::const_iterator m_end;
+    const CAttribInfor* m_found = nullptr;
+    bool m_isGuarded;
 };
 
 } // namespace vexa::text

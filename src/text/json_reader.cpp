@@ -65,7 +65,7 @@ int CJsonReader::ReadNesting(CRefrence& target)
 
 int CJsonReader::ReadString(CRefrence& target)
 {
-    reference::SetNotNullAndEmpty(target);
+    if (!reference::SetNotNullAndEmpty(target)) return VALUE_MISSING;
     auto* const string = static_cast<std::string*>(target.ValueAddress());
     return string != nullptr ? ReadJsonString(*string, m_cursor) : static_cast<int>(VALUE_MISSING);
 }
@@ -115,8 +115,7 @@ long long CJsonReader::ReadInteger()
 int CJsonReader::ReadClass(CRefrence& target)
 {
     if (!m_cursor.IsAt('{')) return CLASS_CODES.NoBrace;
-    reference::SetNotNullAndEmpty(target);
-    if (target.ValueAddress() == nullptr) return VALUE_MISSING;
+    if (!reference::SetNotNullAndEmpty(target) || target.ValueAddress() == nullptr) return VALUE_MISSING;
     return ReadMembers(CClassKeys(target.AsClass()), CLASS_CODES);
 }
 
@@ -136,12 +135,28 @@ int CJsonReader::ReadMembers(Keys keys, const CObjectCodes& codes)
         if (m_cursor.AtEnd()) return codes.EndsBeforeKey;
         CRefrence member;
         int code = ReadKey(member, keys, codes);
-        if (code == 0) code = ReadValue(member);
+        if (code == 0) code = ReadMember(member, keys);
         if (code != 0) return code;
         if (!m_cursor.SkipBlanks()) return codes.EndsAfterValue;
         if (m_cursor.Take('}')) return 0;
     } while (m_cursor.Take(','));
     return codes.NoSeparator;
+}
+
+/// Unions with a member that must not be mistaken for another change hands where the selector does.
+template<class Keys>
+int CJsonReader::ReadMember(CRefrence& member, const Keys& keys)
+{
+    if constexpr (Keys::IS_CLASS) {
+        if (keys.IsGuarded() && member.Address != nullptr) {
+            if (const int refusal = RefusalOf(member.TypeInfor)) return refusal;
+            if (!keys.IsFoundOpen()) return UNION_MEMBER_INACTIVE;
+            reference::CUnionWatch watch = keys.Watch();
+            const int code = ReadValue(member);
+            return watch.Settle() || code != 0 ? code : static_cast<int>(VALUE_MISSING);
+        }
+    }
+    return ReadValue(member);
 }
 
 template<class Keys>
@@ -162,7 +177,7 @@ int CJsonReader::ReadKey(CRefrence& member, Keys& keys, const CObjectCodes& code
 int FromJson(CRefrence& target, const std::string& text)
 {
     if (target.TypeInfor.Has(Enum::HF_CONST)) return text::TARGET_READ_ONLY;
-    target.Clear();
+    if (!reference::ClearAndSettle(target)) return text::VALUE_MISSING;
     return text::CJsonReader(text).ReadDocument(target);
 }
 

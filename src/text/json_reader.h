@@ -33,6 +33,8 @@ private:
     template<class Keys>
     int ReadMembers(Keys keys, const CObjectCodes& codes);
     template<class Keys>
+    int ReadMember(CRefrence& member, const Keys& keys);
+    template<class Keys>
     int ReadKey(CRefrence& member, Keys& keys, const CObjectCodes& codes);
 
     int ReadArray(CRefrence& target);

@@ -53,6 +53,8 @@ constexpr CResultText TEXTS[] = {
     {KIND_UNREADABLE, "A value of this kind cannot be read from JSON."},
     {TARGET_READ_ONLY, "The target is read-only."},
     {VALUE_MISSING, "There is no value to read into: it could not be made, or its container does not take elements."},
+    {UNION_MEMBER_INACTIVE,
+     "A member of a union that holds pointers or objects is read only while it is the active one."},
     {NESTED_TOO_DEEP, "The value is nested too deep, or in itself."},
 };
 

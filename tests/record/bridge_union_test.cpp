@@ -3,6 +3,9 @@
 #include <vexa/table.h>
 
 #include <cstdint>
+#include <list>
+#include <map>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -222,6 +225,54 @@ TEST(BridgeUnion, AgreesWithAModelForRandomSelectorsAndCells)
             }
         }
     }
+}
+
+// Members that hold pointers or objects
+
+struct Owner {
+    int kind = 0;
+    union {
+        long number;
+        std::string text;
+        std::unique_ptr<int> pointed;
+        std::map<int, int> map;
+    };
+    Owner() : number(0x4141414141414141) {}
+    Owner(const Owner&) = delete;
+    ~Owner()
+    {
+        if (kind == 2) text.~basic_string();
+        if (kind == 3) pointed.~unique_ptr();
+    }
+};
+VEXA_DESCRIBE_CLASS(Owner)
+{
+    about.Attrib("kind", &Owner::kind);
+    about.Attrib("number", &Owner::number).ActiveWhen("kind", 1);
+    about.Attrib("text", &Owner::text).ActiveWhen("kind", 2);
+    about.Attrib("pointed", &Owner::pointed).ActiveWhen("kind", 3);
+    about.Attrib("map", &Owner::map).ActiveWhen("kind", 4);
+}
+
+TEST(BridgeUnion, MakesTheMemberThatTheSelectorOfARowMakesActive)
+{
+    CTable table;
+    table.AddColumn(DT_INT, "kind");
+    table.AddColumn(DT_STD_STRING, "text");
+    table.AddColumn(DT_LONG, "number");
+    table.AddColumn(DT_INT, "pointed");
+    table.Append({1, "a text that is too long for its own place", 5, 6});
+    table.Append({2, "a text that is too long for its own place", 5, 6});
+    table.Append({3, "a text that is too long for its own place", 5, 6});
+    table.Append({3, vexa::null, vexa::null, vexa::null});
+    table.Append({4, vexa::null, vexa::null, vexa::null});
+    table.Append({vexa::null, "x", 5, 6});
+    std::list<Owner> owners;
+    ASSERT_TRUE(ObjectsFromTable(owners, table));
+    EXPECT_EQ(TableText(owners), "14 kind, 15 number, 41 text, 14 pointed, |1,5,NULL,NULL,\n"
+                                 "2,NULL,a text that is too long for its own place,NULL,\n3,NULL,NULL,6,\n"
+                                 "3,NULL,NULL,NULL,\n0,NULL,NULL,NULL,\n0,NULL,NULL,NULL,\n")
+        << "the selector does not lead to a map, which cannot be made in place";
 }
 
 } // namespace

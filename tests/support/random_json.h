@@ -9,7 +9,8 @@
 
 #include "support/text_everything.h"
 
-/// Random JSON texts for a described type: keys in any order, repeated or missing, blanks anywhere.
+/// Random JSON texts for a described type: keys in any order, repeated or missing, blanks anywhere. Members of unions
+/// come mostly, but not always, behind a selector that makes them active.
 
 namespace vexa_test {
 
@@ -61,8 +62,11 @@ private:
         const std::size_t count = depth > 0 ? 1 + m_dice.Below(2 * attribs.size()) : 1;
         for (std::size_t i = 0; i < count; ++i) {
             const vexa::CAttribInfor& attrib = *attribs[m_dice.Below(attribs.size())];
-            text += (i > 0 ? "," : "") + Blank() + '"' + attrib.Name + '"' + Blank() + ':' + Blank() +
-                    Text(attrib.TypeInfor, depth - 1) + Blank();
+            text += i > 0 ? "," : "";
+            if (attrib.UnionSelector != nullptr && m_dice.Below(8) != 0)
+                text += '"' + attrib.UnionSelector->Name + "\":" + std::to_string(attrib.UnionAttribEnum) + ',';
+            text += Blank() + '"' + attrib.Name + '"' + Blank() + ':' + Blank() + Text(attrib.TypeInfor, depth - 1) +
+                    Blank();
         }
         return text + "}";
     }

@@ -13,7 +13,7 @@ using vexa::JsonResultText;
 
 /// Every result that writing and reading may give.
 constexpr int CODES[] = {0,   262, 511, 531, 596, 603, 622, 656, 663, 674, 683, 693, 698, 708, 722, 725, 732, 742,
-                         751, 761, 766, 776, 790, 793, 800, 805, 842, 873, 888, 891, 939, 956, 965, 997, 999};
+                         751, 761, 766, 776, 790, 793, 800, 805, 842, 873, 888, 891, 939, 956, 965, 997, 998, 999};
 
 void ExpectSentence(const std::string& text)
 {
