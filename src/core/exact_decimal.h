@@ -9,6 +9,8 @@
 #include <limits>
 #include <type_traits>
 
+#include "core/decimal.h"
+
 /// \file
 /// The decimal digits of a floating value, exactly: every binary place is one decimal place, so that nothing is rounded
 /// and nothing need be cut off behind.
@@ -58,27 +60,6 @@ CBinaryFloating SplitFloating(Floating value)
     }
 }
 
-/// "00" to "99".
-inline constexpr std::array<char, 200> DIGIT_PAIRS = [] {
-    std::array<char, 200> pairs{};
-    for (std::size_t i = 0; i < 100; ++i) {
-        pairs[2 * i] = static_cast<char>('0' + i / 10);
-        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-    }
-    return pairs;
-}();
-
-/// Writes a number below 10^8 as eight digits.
-inline void PutEightDigits(char* out, std::uint32_t value)
-{
-    const std::uint32_t high = value / 10000;
-    const std::uint32_t low = value % 10000;
-    std::memcpy(out, &DIGIT_PAIRS[2 * (high / 100)], 2);
-    std::memcpy(out + 2, &DIGIT_PAIRS[2 * (high % 100)], 2);
-    std::memcpy(out + 4, &DIGIT_PAIRS[2 * (low / 100)], 2);
-    std::memcpy(out + 6, &DIGIT_PAIRS[2 * (low % 100)], 2);
-}
-
 /// Writes the digits of a fraction below 1, sixteen at a time: each time the fraction is multiplied by 10^16, what
 /// comes out above the point is the next sixteen digits.
 class CFractionDigits {
@@ -102,8 +83,10 @@ public:
     {
         for (std::size_t done = 0; done < m_places; done += 16) {
             const std::uint64_t digits = TakeSixteen();
-            PutEightDigits(out + done, static_cast<std::uint32_t>(digits / 100000000U));
-            PutEightDigits(out + done + 8, static_cast<std::uint32_t>(digits % 100000000U));
+            const std::uint64_t first = EightDigits(static_cast<std::uint32_t>(digits / 100000000U)) | EIGHT_ZEROS;
+            const std::uint64_t second = EightDigits(static_cast<std::uint32_t>(digits % 100000000U)) | EIGHT_ZEROS;
+            std::memcpy(out + done, &first, sizeof first);
+            std::memcpy(out + done + 8, &second, sizeof second);
         }
         return m_places;
     }

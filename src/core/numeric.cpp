@@ -110,8 +110,8 @@ void ReadFloating(CNumeric& number, Floating value)
 
     number.State = Enum::VS_VALID;
     number.Negative = std::signbit(value) ? 1 : 0;
-    char integer[24];
-    number.IntegerDigits.assign(integer, std::to_chars(integer, integer + sizeof integer, parts.Integer()).ptr);
+    char integer[core::DECIMAL_ROOM];
+    number.IntegerDigits.assign(integer, core::WriteDigits(integer, parts.Integer()));
     char fraction[core::CFractionDigits::ROOM];
     number.FractionDigits.assign(fraction, core::CFractionDigits(parts).Write(fraction));
 }

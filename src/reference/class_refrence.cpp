@@ -1,48 +1,58 @@
 #include <vexa/class_refrence.h>
 
+#include "typeinfo/plan.h"
+
 namespace vexa {
 namespace {
 
-bool SetToAttrib(CConstRefrence& out, const CClassConstRefrence& owner, unsigned long offset,
-                 const CAttribInfor* record)
+bool SetToAttrib(CConstRefrence& out, void* object, unsigned long offset, const CGnlTypeInfor& type)
 {
-    char* const object = static_cast<char*>(owner.ValueAddress());
-    if (object == nullptr || record == nullptr) return false;
-    out.TypeInfor = record->TypeInfor;
-    out.Address = object + offset;
+    out.TypeInfor = type;
+    out.Address = static_cast<char*>(object) + offset;
     return true;
 }
 
-bool SetToAttrib(CConstRefrence& out, const CClassConstRefrence& owner, const CAttribInfor* record)
+bool SetToAttrib(CConstRefrence& out, void* object, const CAttribInfor* record)
 {
-    return record != nullptr && SetToAttrib(out, owner, record->Offset, record);
+    return record != nullptr && SetToAttrib(out, object, record->Offset, record->TypeInfor);
 }
 
 } // namespace
 
+// A null object has no attributes.
+
 bool CClassConstRefrence::FindAttribByName(CConstRefrence& out, const std::string& name) const
 {
-    if (IsNull()) return false;
+    void* const object = ValueAddress();
+    if (object == nullptr) return false;
+    if (const typeinfo::CPlan* const plan = typeinfo::PlanOf(ClassInfor())) {
+        const typeinfo::CRecordPlan* const record = plan->Find(name.data(), name.size());
+        return record != nullptr && SetToAttrib(out, object, record->HolderOffset, *record->Type);
+    }
     const auto& names = ClassInfor().AttribNameMap;
     const auto found = names.find(name);
-    return found != names.end() && SetToAttrib(out, *this, found->second);
+    return found != names.end() && SetToAttrib(out, object, found->second);
 }
 
 bool CClassConstRefrence::FindAttribByFlatName(CConstRefrence& out, const std::string& name) const
 {
-    if (IsNull()) return false;
+    void* const object = ValueAddress();
+    if (object == nullptr) return false;
     const CFlatAttribInfor* const entry = ClassInfor().FindAttribInforByFlatName(name);
-    return entry != nullptr && SetToAttrib(out, *this, entry->Offset, entry->AttribInfor);
+    return entry != nullptr && entry->AttribInfor != nullptr &&
+           SetToAttrib(out, object, entry->Offset, entry->AttribInfor->TypeInfor);
 }
 
 bool CClassConstRefrence::FindAttribByID(CConstRefrence& out, short id) const
 {
-    return !IsNull() && SetToAttrib(out, *this, ClassInfor().AttribIDMap().FindAttrib(id));
+    void* const object = ValueAddress();
+    return object != nullptr && SetToAttrib(out, object, ClassInfor().AttribIDMap().FindAttrib(id));
 }
 
 bool CClassConstRefrence::FindAttribByUnionAttribEnum(CConstRefrence& out, short value) const
 {
-    return !IsNull() && SetToAttrib(out, *this, ClassInfor().UnionAttribEnumMap().FindAttrib(value));
+    void* const object = ValueAddress();
+    return object != nullptr && SetToAttrib(out, object, ClassInfor().UnionAttribEnumMap().FindAttrib(value));
 }
 
 bool IsActiveAttrib(const CAttribInfor& attrib, const void* object)

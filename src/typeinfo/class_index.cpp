@@ -1,12 +1,14 @@
 // The indexes over a class's attributes: by name, by flat name, by attribute ID and by union selector value.
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 #include <utility>
 
 #include <vexa/class_infor.h>
 #include <vexa/helper.h>
 
+#include "typeinfo/flat_names.h"
 #include "typeinfo/kept_selectors.h"
 
 namespace vexa {
@@ -149,17 +151,34 @@ void CClassInfor::ExpandCompoAttrib(const CAttribInfor& compound)
     }
 }
 
+namespace {
+
+const CFlatAttribInfor* FindFlat(const CClassInfor& infor, const std::string& name)
+{
+    const auto found = infor.FlatAttribMap.find(name);
+    return found != infor.FlatAttribMap.end() ? &found->second : nullptr;
+}
+
+void JoinByUnderscores(char* name, std::size_t length) { std::replace(name, name + length, '.', '_'); }
+
+} // namespace
+
+// A key may hold a dot, since an attribute's name may: what is found as it is given comes first.
 const CFlatAttribInfor* CClassInfor::FindAttribInforByFlatName(const std::string& name) const
 {
-    auto found = FlatAttribMap.find(name);
-    if (found == FlatAttribMap.end()) {
-        const std::size_t dot = name.find('.');
-        if (dot == std::string::npos) return nullptr;
-        std::string joined = name;
-        std::replace(joined.begin() + static_cast<std::ptrdiff_t>(dot), joined.end(), '.', '_');
-        found = FlatAttribMap.find(joined);
+    const typeinfo::CFlatNames* const names = typeinfo::FlatNamesOf(*this);
+    const CFlatAttribInfor* const found = names != nullptr ? names->Find(name) : FindFlat(*this, name);
+    if (found != nullptr || name.find('.') == std::string::npos) return found;
+    constexpr std::size_t USUAL_LENGTH = 256;
+    if (names != nullptr && name.size() <= USUAL_LENGTH) {
+        char joined[USUAL_LENGTH];
+        std::memcpy(joined, name.data(), name.size());
+        JoinByUnderscores(joined, name.size());
+        return names->Find({joined, name.size()});
     }
-    return found != FlatAttribMap.end() ? &found->second : nullptr;
+    std::string joined = name;
+    JoinByUnderscores(joined.data(), joined.size());
+    return FindFlat(*this, joined);
 }
 
 } // namespace vexa

@@ -10,11 +10,13 @@ namespace vexa::typeinfo {
 
 class CPlan;
 class CContainerPlan;
+class CFlatNames;
 
 /// A class descriptor as registration makes it: with room behind the public fields for the plan by which its objects
 /// are walked fast. The plan is made at the first use, published once, and lives as long as the descriptor.
 struct CFinishedClass : CClassInfor {
     mutable std::atomic<const CPlan*> Plan{nullptr};
+    mutable std::atomic<const CFlatNames*> FlatNames{nullptr};
 };
 
 /// A container descriptor as the description layer makes it, with the same room.

@@ -6,6 +6,7 @@
 #include <new>
 
 #include "core/basic_types.h"
+#include "typeinfo/flat_names.h"
 
 namespace vexa::typeinfo {
 
@@ -81,6 +82,16 @@ void CPlan::PlaceTexts()
     m_names = CNameTable(names);
 }
 
+CFlatNames::CFlatNames(const CClassInfor& infor)
+{
+    std::vector<std::string_view> names;
+    for (const auto& [name, entry] : infor.FlatAttribMap) {
+        names.emplace_back(name);
+        m_entries.push_back(&entry);
+    }
+    m_names = CNameTable(names);
+}
+
 CContainerPlan::CContainerPlan(const CContainerInfor& infor) : m_element(infor.ElementType, 0), m_infor(&infor)
 {
     m_stride = infor.Mark.Stride();
@@ -96,13 +107,12 @@ CContainerPlan::CContainerPlan(const CContainerInfor& infor) : m_element(infor.E
 namespace {
 
 template<class Plan, class Finished>
-const Plan* MakeAndPublish(const Finished& infor) noexcept
+const Plan* MakeAndPublish(const Finished& infor, std::atomic<const Plan*>& place) noexcept
 {
     try {
         auto made = std::make_unique<const Plan>(infor);
         const Plan* published = nullptr;
-        if (infor.Plan.compare_exchange_strong(published, made.get(), std::memory_order_acq_rel))
-            published = made.release();
+        if (place.compare_exchange_strong(published, made.get(), std::memory_order_acq_rel)) published = made.release();
         return published;
     } catch (const std::bad_alloc&) {
         return nullptr;
@@ -111,16 +121,18 @@ const Plan* MakeAndPublish(const Finished& infor) noexcept
 
 } // namespace
 
-const CPlan* MakePlan(const CFinishedClass& infor) noexcept { return MakeAndPublish<CPlan>(infor); }
+const CPlan* MakePlan(const CFinishedClass& infor) noexcept { return MakeAndPublish(infor, infor.Plan); }
 
-const CContainerPlan* MakePlan(const CFinishedContainer& infor) noexcept
-{
-    return MakeAndPublish<CContainerPlan>(infor);
-}
+const CContainerPlan* MakePlan(const CFinishedContainer& infor) noexcept { return MakeAndPublish(infor, infor.Plan); }
+
+const CFlatNames* MakeFlatNames(const CFinishedClass& infor) noexcept { return MakeAndPublish(infor, infor.FlatNames); }
 
 void ReleasePlan(const CClassInfor& infor) noexcept
 {
-    if (const CFinishedClass* const finished = FinishedClass(infor)) delete finished->Plan.load();
+    const CFinishedClass* const finished = FinishedClass(infor);
+    if (finished == nullptr) return;
+    delete finished->Plan.load();
+    delete finished->FlatNames.load();
 }
 
 } // namespace vexa::typeinfo

@@ -24,9 +24,9 @@ namespace vexa::typeinfo {
 
 /// What is to be done with a value. The numbers of the basic types are those of their type codes.
 enum class Operation : unsigned char {
-    UNUSUAL = 0,     ///< left to the plain walk: union members' classes, custom types, records, bits, unknown codes
-    CLASS = 1,       ///< an object whose class has, or may get, a plan
-    CONTAINER = 2,   ///< likewise
+    UNUSUAL = 0,      ///< left to the plain walk: union members' classes, custom types, records, bits, unknown codes
+    CLASS = 1,        ///< an object whose class has, or may get, a plan
+    CONTAINER = 2,    ///< likewise
     FIRST_BASIC = 11, ///< from here on: Enum::DT_BOOL and its kin
     STD_STRING = 41
 };
@@ -176,7 +176,7 @@ inline const CContainerPlan* PlanOf(const CContainerInfor& infor) noexcept
     return __builtin_expect(plan != nullptr, 1) ? plan : MakePlan(*finished);
 }
 
-/// Frees the plan of a class descriptor that goes away.
+/// Frees the plan of a class descriptor that goes away, and its table of flat names.
 void ReleasePlan(const CClassInfor& infor) noexcept;
 
 } // namespace vexa::typeinfo
