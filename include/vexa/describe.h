@@ -78,7 +78,7 @@ const CClassInfor& ClassInforOf()
 namespace detail {
 
 template<class T>
-inline CTypeSlot TYPE_SLOT{[] { return MakeTypeInfor(TYPE_SOURCE<T>); }};
+inline CTypeSlot TYPE_SLOT{TYPE_SOURCE<T>};
 
 } // namespace detail
 

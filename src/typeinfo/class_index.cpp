@@ -132,10 +132,15 @@ void CClassInfor::ExpandCompoAttrib(const CAttribInfor& compound)
 {
     const auto* const member = static_cast<const CClassInfor*>(compound.TypeInfor.DetailInfor);
     if (member == this || member == nullptr) return; // a pointer to the own class would expand for ever
-    const std::string prefix = compound.Name + "_";
+    std::string key = compound.Name + '_';
+    const std::size_t prefix = key.size();
+    // The keys come in ascending order: each belongs behind the one before.
+    auto position = FlatAttribMap.lower_bound(key);
     for (const auto& [flatName, leaf] : member->FlatAttribMap) {
-        const std::string key = prefix + flatName;
-        CFlatAttribInfor& entry = FlatAttribMap[key];
+        key.replace(prefix, std::string::npos, flatName);
+        position = FlatAttribMap.try_emplace(position, key);
+        CFlatAttribInfor& entry = position->second;
+        ++position;
         if (IsTakenByOther(entry, compound)) {
             LogSameFlatName(*this, compound, entry);
             continue;

@@ -1,5 +1,7 @@
 #include <vexa/custom_type_infor.h>
 
+#include <memory>
+
 #include "typeinfo/registration.h"
 
 namespace vexa {
@@ -17,15 +19,13 @@ struct CCustomRegistration {
 
 void Register(CCustomBasicTypeInfor*& slot, const CCustomRegistration& request)
 {
-    typeinfo::EnterRegistration();
-    if (slot == nullptr) {
-        auto* const created = new CCustomBasicTypeInfor();
-        created->SetBaseTypeInfor(request.Name, request.Size, request.NewFn, request.DeleteFn, request.CustomTypeID);
-        created->Underlying = request.Underlying;
-        created->ValueOffset = static_cast<short>(request.ValueOffset);
-        __atomic_store_n(&slot, created, __ATOMIC_RELEASE); // an application may read its slot without the lock
-    }
-    typeinfo::LeaveRegistration();
+    const typeinfo::CRegistration registration;
+    if (slot != nullptr) return;
+    auto created = std::make_unique<CCustomBasicTypeInfor>();
+    created->SetBaseTypeInfor(request.Name, request.Size, request.NewFn, request.DeleteFn, request.CustomTypeID);
+    created->Underlying = request.Underlying;
+    created->ValueOffset = static_cast<short>(request.ValueOffset);
+    __atomic_store_n(&slot, created.release(), __ATOMIC_RELEASE); // an application may read its slot without the lock
 }
 
 } // namespace

@@ -3,127 +3,99 @@
 
 #include <vexa/detail/description.h>
 
-#include <algorithm>
 #include <iterator>
 #include <limits>
 #include <map>
-#include <set>
-#include <vector>
+#include <memory>
 
 #include <vexa/helper.h>
 
+#include "typeinfo/class_graph.h"
 #include "typeinfo/finished_class.h"
 #include "typeinfo/kept_selectors.h"
 #include "typeinfo/registration.h"
+#include "typeinfo/slot_group.h"
 
 namespace vexa {
 namespace detail {
-
-/// The classes that a description names: those that are part of an object (bases, members by value), and all of them.
-class CSurvey {
-public:
-    explicit CSurvey(const CClassSlot& surveyed) { surveyed.Survey(*this); }
-
-    std::vector<CClassSlot*> ByValue;
-    std::vector<CClassSlot*> All;
-};
-
-void AddToSurvey(CSurvey& survey, CClassSlot& named, bool isByValue)
-{
-    survey.All.push_back(&named);
-    if (isByValue) survey.ByValue.push_back(&named);
-}
-
 namespace {
 
-using Classes = std::vector<CClassSlot*>;
-
-/// Made once for each class, since every registration that leads to it asks again.
-const CSurvey& SurveyOf(CClassSlot& slot)
+/// What the slot owns from now on, so that nobody else need release it.
+template<class Descriptor>
+Descriptor& FillWith(CSlot& slot, std::unique_ptr<Descriptor> made)
 {
-    if (slot.Surveyed == nullptr) slot.Surveyed = new CSurvey(slot);
-    return *slot.Surveyed;
+    typeinfo::Fill(slot, made.get());
+    return *made.release();
 }
 
-/// \p from and every class that is named on the way from it through \p edges, in the order in which they are met, so
-/// that every run builds the same descriptors.
-Classes Reached(CClassSlot& from, Classes CSurvey::*edges)
+void Make(CClassSlot& slot)
 {
-    Classes reached{&from};
-    std::set<CClassSlot*> known{&from};
-    for (std::size_t next = 0; next < reached.size(); ++next) {
-        for (CClassSlot* const named : SurveyOf(*reached[next]).*edges) {
-            if (known.insert(named).second) reached.push_back(named);
-        }
+    for (CClassSlot* const whole : typeinfo::UnstartedWholesOf(slot))
+        Build(*whole);
+    if (slot.Made != nullptr) return; // one of them needed it
+    auto& made = FillWith(slot, std::make_unique<typeinfo::CFinishedClass>());
+    made.SetBaseTypeInfor(slot.Name, slot.Size, slot.Factory, slot.Deleter, 0);
+    CDescriptionBase about(made);
+    slot.Describe(about);
+    made.CreateIndex();
+    made.Mark.Set(CFinishedMark::CLASS);
+}
+
+void Make(CContainerSlot& slot)
+{
+    auto& made = FillWith(slot, std::make_unique<CContainerInfor>());
+    slot.Describe(made);
+    made.ElementType = MakeTypeInfor(slot.Element);
+}
+
+void Make(CCustomSlot& slot)
+{
+    CCustomBasicTypeInfor* made = nullptr;
+    slot.Describe(made);
+    typeinfo::Fill(slot, made);
+}
+
+void Make(CTypeSlot& slot) { FillWith(slot, std::make_unique<CGnlTypeInfor>(MakeTypeInfor(slot.Source))); }
+
+void MakeBySlotForm(CSlot& slot)
+{
+    switch (slot.Form) {
+    case SlotForm::TYPE: return Make(static_cast<CTypeSlot&>(slot));
+    case SlotForm::CLASS: return Make(static_cast<CClassSlot&>(slot));
+    case SlotForm::CONTAINER: return Make(static_cast<CContainerSlot&>(slot));
+    case SlotForm::CUSTOM: return Make(static_cast<CCustomSlot&>(slot));
     }
-    return reached;
 }
 
-bool IsPartOf(CClassSlot& part, CClassSlot& whole)
+/// The descriptor that a slot of details holds, as what they have in common.
+const CTypeInforBase* DetailOf(CSlot& slot)
 {
-    const Classes parts = Reached(whole, &CSurvey::ByValue);
-    return std::find(parts.begin(), parts.end(), &part) != parts.end();
-}
-
-/// A class that this one refers to and that holds this one as a base or by value must take over its finished records.
-/// So it is started first: it asks for this one while it is in progress, and this one, which only refers to it, needs
-/// no more than its address.
-void BuildWholesFirst(CClassSlot& slot)
-{
-    for (CClassSlot* const other : Reached(slot, &CSurvey::All)) {
-        if (other != &slot && !other->IsStarted && IsPartOf(slot, *other)) Build(*other);
+    switch (slot.Form) {
+    case SlotForm::CLASS: return &DescriptorOf<CClassInfor>(slot);
+    case SlotForm::CONTAINER: return &DescriptorOf<CContainerInfor>(slot);
+    case SlotForm::CUSTOM: return &DescriptorOf<CCustomBasicTypeInfor>(slot);
+    default: return nullptr;
     }
 }
 
 } // namespace
 
-const CClassInfor* Build(CClassSlot& slot)
+const void* Build(CSlot& slot)
 {
-    typeinfo::EnterRegistration();
-    if (!slot.IsStarted) BuildWholesFirst(slot);
-    const bool isBuiltHere = !slot.IsStarted;
-    slot.IsStarted = true;
-    const CClassInfor* const result =
-        CClassInfor::InitClassInfor(slot.Descriptor, slot.Name, slot.Size, slot.Factory, slot.Deleter, slot.Describe);
-    if (isBuiltHere) Announce(slot, result);
-    typeinfo::LeaveRegistration();
-    return result;
+    const typeinfo::CRegistration registration;
+    typeinfo::CSlotGroup group;
+    if (slot.Made == nullptr) MakeBySlotForm(slot);
+    group.Complete();
+    return slot.Made;
 }
 
-const CContainerInfor* Build(CContainerSlot& slot)
+CGnlTypeInfor MakeTypeInfor(const CTypeSource& source)
 {
-    typeinfo::EnterRegistration();
-    if (slot.Descriptor == nullptr) {
-        slot.Descriptor = new typeinfo::CFinishedContainer();
-        slot.Describe(*slot.Descriptor);
-        slot.Descriptor->ElementType = slot.ElementType();
-        slot.Descriptor->Mark.Set(CFinishedMark::CONTAINER);
-        Announce(slot, slot.Descriptor);
-    }
-    typeinfo::LeaveRegistration();
-    return slot.Descriptor;
-}
-
-const CCustomBasicTypeInfor* Build(CCustomSlot& slot)
-{
-    typeinfo::EnterRegistration();
-    if (slot.Descriptor == nullptr) {
-        slot.Describe(slot.Descriptor);
-        Announce(slot, slot.Descriptor);
-    }
-    typeinfo::LeaveRegistration();
-    return slot.Descriptor;
-}
-
-const CGnlTypeInfor* Build(CTypeSlot& slot)
-{
-    typeinfo::EnterRegistration();
-    if (slot.Descriptor == nullptr) {
-        slot.Descriptor = new CGnlTypeInfor(slot.Make());
-        Announce(slot, slot.Descriptor);
-    }
-    typeinfo::LeaveRegistration();
-    return slot.Descriptor;
+    CGnlTypeInfor type(source.DataType, source.HoldingFlags,
+                       source.Detail != nullptr ? DetailOf(*source.Detail) : nullptr);
+    type.NullFlagOffset = source.NullFlagOffset;
+    type.ValueOffset = source.ValueOffset;
+    return type;
 }
 
 namespace {
@@ -181,14 +153,14 @@ void Inherit(CClassInfor& derived, unsigned long offset, const CClassInfor& base
 
 void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset)
 {
-    if (m_survey != nullptr) return AddToSurvey(*m_survey, base, true);
-    Inherit(*m_class, offset, *Build(base));
+    if (m_survey != nullptr) return AddToSurvey(*m_survey, {Enum::DT_CLASS, 0, 0, 0, &base}, true);
+    Inherit(*m_class, offset, DescriptorOf<CClassInfor>(base));
 }
 
 CAttribDescription CDescriptionBase::AddAttrib(const char* name, unsigned long offset, const CTypeSource& type)
 {
     if (m_survey != nullptr) {
-        if (type.Survey != nullptr) type.Survey(*m_survey, (type.HoldingFlags & Enum::HF_POINTER) == 0);
+        AddToSurvey(*m_survey, type, (type.HoldingFlags & Enum::HF_POINTER) == 0);
         return {nullptr, nullptr};
     }
     if (!IsReachable(*m_class, name, offset)) return {nullptr, nullptr};

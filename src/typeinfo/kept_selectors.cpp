@@ -10,11 +10,13 @@ using Records = std::list<CAttribInfor>;
 
 std::mutex s_mutex;
 
-/// Never destroyed: a class may go after the library's statics.
-std::unordered_map<const CClassInfor*, Records>& Kept()
+/// Never destroyed, once it is there: a class may go after the library's statics.
+std::unordered_map<const CClassInfor*, Records>* s_kept = nullptr;
+
+Records& KeptFor(const CClassInfor& owner)
 {
-    static auto& kept = *new std::unordered_map<const CClassInfor*, Records>();
-    return kept;
+    if (s_kept == nullptr) s_kept = new std::unordered_map<const CClassInfor*, Records>();
+    return (*s_kept)[&owner];
 }
 
 } // namespace
@@ -22,14 +24,14 @@ std::unordered_map<const CClassInfor*, Records>& Kept()
 void KeepSelector(CClassInfor& owner, CClassInfor::AttribPosition record)
 {
     const std::lock_guard<std::mutex> lock(s_mutex);
-    Records& kept = Kept()[&owner];
+    Records& kept = KeptFor(owner);
     kept.splice(kept.end(), owner.AttribList, record);
 }
 
 const CAttribInfor& KeepSelectorCopy(const CClassInfor& owner, const CAttribInfor& record, unsigned long offset)
 {
     const std::lock_guard<std::mutex> lock(s_mutex);
-    CAttribInfor& copy = Kept()[&owner].emplace_back(record);
+    CAttribInfor& copy = KeptFor(owner).emplace_back(record);
     copy.Offset = static_cast<unsigned short>(record.Offset + offset);
     return copy;
 }
@@ -37,7 +39,7 @@ const CAttribInfor& KeepSelectorCopy(const CClassInfor& owner, const CAttribInfo
 void DropKeptSelectors(const CClassInfor& owner) noexcept
 {
     const std::lock_guard<std::mutex> lock(s_mutex);
-    Kept().erase(&owner);
+    if (s_kept != nullptr) s_kept->erase(&owner);
 }
 
 } // namespace vexa::typeinfo

@@ -3,58 +3,42 @@
 #include "typeinfo/registration.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 #include <vector>
 
 #include <vexa/class_infor.h>
-#include <vexa/detail/slot.h>
 #include <vexa/helper.h>
 
+#include "typeinfo/class_graph.h"
 #include "typeinfo/finished_class.h"
+#include "typeinfo/slot_group.h"
 
 namespace vexa {
 namespace typeinfo {
 namespace {
 
-// All of this is only touched under the global lock.
-unsigned long s_nesting = 0;
-
-/// Never destroyed: an object that outlives the library's statics may still be the first to use a type.
-std::vector<std::pair<detail::CPublication*, const void*>>& Announced()
-{
-    static auto& announced = *new std::vector<std::pair<detail::CPublication*, const void*>>();
-    return announced;
-}
+unsigned long s_nesting = 0; // only touched under the global lock
 
 } // namespace
 
-void EnterRegistration()
+CRegistration::CRegistration() noexcept
 {
     helper::Acquire_Recursive_Thread_Mutex();
     ++s_nesting;
 }
 
-void LeaveRegistration()
+CRegistration::~CRegistration()
 {
+    if (m_isDescribing) return;
     if (--s_nesting == 0) {
-        for (const auto& [publication, descriptor] : Announced()) {
-            publication->Published.store(descriptor, std::memory_order_release);
-        }
-        Announced().clear();
+        PublishMade();
+        ForgetClassGraph();
     }
     helper::Release_Recursive_Thread_Mutex();
 }
 
 } // namespace typeinfo
-
-namespace detail {
-
-void Announce(CPublication& publication, const void* descriptor)
-{
-    typeinfo::Announced().emplace_back(&publication, descriptor);
-}
-
-} // namespace detail
 
 namespace {
 
@@ -72,36 +56,59 @@ struct CClassRegistration {
     unsigned long BaseOffset;
 };
 
-CClassInfor* CreateDescriptor(const CClassRegistration& request, ClassesInProgress& inProgress)
+/// The last entry of the classes in progress. It goes with its scope, but not while the class is being described.
+class CInProgress {
+public:
+    CInProgress(ClassesInProgress& classes, CClassInfor*& slot, CClassInfor* created,
+                const typeinfo::CRegistration& registration)
+        : m_classes(classes), m_registration(registration)
+    {
+        classes.emplace_back(&slot, created);
+    }
+    CInProgress(const CInProgress&) = delete;
+    CInProgress& operator=(const CInProgress&) = delete;
+    ~CInProgress()
+    {
+        if (!m_registration.IsDescribing()) m_classes.pop_back();
+    }
+
+private:
+    ClassesInProgress& m_classes;
+    const typeinfo::CRegistration& m_registration;
+};
+
+CClassInfor* CreateDescriptor(const CClassRegistration& request, ClassesInProgress& inProgress,
+                              typeinfo::CRegistration& registration)
 {
-    auto* const created = new typeinfo::CFinishedClass();
-    inProgress.emplace_back(&request.Slot, created);
+    auto created = std::make_unique<typeinfo::CFinishedClass>();
+    const CInProgress entry(inProgress, request.Slot, created.get(), registration);
     created->SetBaseTypeInfor(request.Name, request.Size, request.NewFn, request.DeleteFn, 0);
     if (request.Base != nullptr) created->InheritFromBaseClass_Impl(request.BaseOffset, *request.Base);
-    request.Describe(*created, Enum::AS_PUBLIC);
+    typeinfo::CFinishedClass* const described = created.release(); // others may know it already
+    registration.BeginDescribing();
+    request.Describe(*described, Enum::AS_PUBLIC);
+    registration.EndDescribing();
+    created.reset(described);
     created->CreateIndex();
-    inProgress.pop_back();
     created->Mark.Set(detail::CFinishedMark::CLASS);
-    __atomic_store_n(&request.Slot, created, __ATOMIC_RELEASE); // an application may read its slot without the lock
-    return created;
+    // An application may read its slot without the lock.
+    __atomic_store_n(&request.Slot, created.get(), __ATOMIC_RELEASE);
+    return created.release();
 }
 
 /// A class that refers to itself, or to one that refers back, is asked for again while it is in progress. It then gets
 /// its incomplete descriptor, whose address is all that is needed.
-CClassInfor* Register(const CClassRegistration& request, ClassesInProgress& inProgress)
+CClassInfor* Register(const CClassRegistration& request, ClassesInProgress& (*classesInProgress)())
 {
-    typeinfo::EnterRegistration();
-    CClassInfor* result = request.Slot;
-    if (result == nullptr) {
-        const auto found = std::find_if(inProgress.begin(), inProgress.end(),
-                                        [&](const auto& entry) { return entry.first == &request.Slot; });
-        result = found != inProgress.end() ? found->second : CreateDescriptor(request, inProgress);
-    }
-    typeinfo::LeaveRegistration();
-    return result;
+    typeinfo::CRegistration registration;
+    if (request.Slot != nullptr) return request.Slot;
+    ClassesInProgress& inProgress = classesInProgress();
+    const auto found = std::find_if(inProgress.begin(), inProgress.end(),
+                                    [&](const auto& entry) { return entry.first == &request.Slot; });
+    return found != inProgress.end() ? found->second : CreateDescriptor(request, inProgress, registration);
 }
 
-// These are never destroyed either.
+// Never destroyed: an object that outlives the library's statics may still be the first to use a type.
 ClassesInProgress& PlainClassesInProgress()
 {
     static auto& classes = *new ClassesInProgress();
@@ -119,7 +126,7 @@ ClassesInProgress& DerivedClassesInProgress()
 CClassInfor* CClassInfor::InitClassInfor(CClassInfor*& slot, const char* name, unsigned long size, void* (*newFn)(),
                                          void (*deleteFn)(void*), DescribeFunction describe)
 {
-    return Register({slot, name, size, newFn, deleteFn, describe, nullptr, 0}, PlainClassesInProgress());
+    return Register({slot, name, size, newFn, deleteFn, describe, nullptr, 0}, &PlainClassesInProgress);
 }
 
 CClassInfor* CClassInfor::InitClassInforWithBaseClass(CClassInfor*& slot, const char* name, unsigned long size,
@@ -127,7 +134,7 @@ CClassInfor* CClassInfor::InitClassInforWithBaseClass(CClassInfor*& slot, const 
                                                       DescribeFunction describe, const CClassInfor& base,
                                                       unsigned long baseOffset)
 {
-    return Register({slot, name, size, newFn, deleteFn, describe, &base, baseOffset}, DerivedClassesInProgress());
+    return Register({slot, name, size, newFn, deleteFn, describe, &base, baseOffset}, &DerivedClassesInProgress);
 }
 
 } // namespace vexa

@@ -44,8 +44,7 @@ CClassSlot& ClassSlotOf();
 template<class T>
 class CDescription : public detail::CDescriptionBase {
 public:
-    explicit CDescription(CClassInfor& infor) noexcept : CDescriptionBase(infor) {}
-    explicit CDescription(detail::CSurvey& survey) noexcept : CDescriptionBase(survey) {}
+    explicit CDescription(const CDescriptionBase& base) noexcept : CDescriptionBase(base) {}
 
     /// Adds the attributes of a described base class. Call it before Attrib, for them to come first.
     template<class B>

@@ -62,49 +62,23 @@ constexpr const char* ClassNameOf()
 }
 
 template<class T>
-inline CClassSlot CLASS_SLOT{ClassNameOf<T>(),
-                             sizeof(T),
-                             &MakeObject<T>,
-                             &DestroyObject<T>,
-                             [](CClassInfor& infor, Enum::AccessSpecifierEnum) {
-                                 CDescription<T> about(infor);
-                                 DescribeTo(about);
-                             },
-                             [](CSurvey& survey) {
-                                 CDescription<T> about(survey);
+inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), sizeof(T), &MakeObject<T>, &DestroyObject<T>,
+                             [](CDescriptionBase& base) {
+                                 CDescription<T> about(base);
                                  DescribeTo(about);
                              }};
 
 template<class T>
 CClassSlot& ClassSlotOf()
 {
-    static_assert(CKind<T>::Source().DataType == Enum::DT_CLASS,
-                  "only a class has a class descriptor: use vexa::TypeInforOf");
+    static_assert(CKind<T>::CODE == Enum::DT_CLASS, "only a class has a class descriptor: use vexa::TypeInforOf");
     static_cast<void>(TYPE_SOURCE<T>.DataType); // says that the class is not described
     return CLASS_SLOT<T>;
 }
 
 template<class T>
-const CTypeInforBase* ClassDetail()
-{
-    return &DescriptorOf<CClassInfor>(CLASS_SLOT<T>);
-}
-
-template<class T>
-void SurveyClass(CSurvey& survey, bool isByValue)
-{
-    AddToSurvey(survey, CLASS_SLOT<T>, isByValue);
-}
-
-template<class T>
 inline CCustomSlot CUSTOM_SLOT{
     [](CCustomBasicTypeInfor*& descriptor) { VexaDescribeCustom(CCustomTag<T>(), descriptor); }};
-
-template<class T>
-const CTypeInforBase* CustomDetail()
-{
-    return &DescriptorOf<CCustomBasicTypeInfor>(CUSTOM_SLOT<T>);
-}
 
 /// Tells at compile time whether a member lies too far into its class for the 16-bit value offset of a custom type: it
 /// is compared with one that lies just beyond.
@@ -207,7 +181,7 @@ template<class Container>
 constexpr CTypeSource MakeElementSource()
 {
     constexpr CTypeSource SOURCE = TYPE_SOURCE<ElementOf<Container>>;
-    constexpr bool IS_ASSOCIATIVE = CKind<Container>::Source().DataType >= Enum::DT_ASSOCIATIVE_A;
+    constexpr bool IS_ASSOCIATIVE = CKind<Container>::CODE >= Enum::DT_ASSOCIATIVE_A;
     static_assert(!IS_ASSOCIATIVE || (SOURCE.HoldingFlags & Enum::HF_KIND_MASK) != Enum::HF_MAY_NULL,
                   "the elements of an associative container cannot be vexa::MayNull: use the plain type");
     return SOURCE;
@@ -216,48 +190,35 @@ constexpr CTypeSource MakeElementSource()
 template<class Container>
 inline constexpr CTypeSource ELEMENT_SOURCE = MakeElementSource<Container>();
 template<std::size_t SIZE>
-inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSET_NODE, 0, 0, 0, nullptr, nullptr};
-
-/// Tells the library where a container keeps its elements, so that it walks them without the container's operations.
-template<class Container>
-void MarkElements(CContainerInfor& infor)
-{
-    if constexpr (std::is_array_v<Container>) {
-        infor.Mark.Set(CFinishedMark::SLOTS, sizeof(ElementOf<Container>));
-    } else if constexpr (IS_STD_ARRAY<Container>) {
-        if constexpr (std::tuple_size_v<Container> != 0)
-            infor.Mark.Set(CFinishedMark::SLOTS, sizeof(ElementOf<Container>));
-    } else if constexpr (IS_SPECIALIZATION<Container, std::vector>) {
-        if constexpr (std::is_same_v<Container, std::vector<typename Container::value_type>>)
-            infor.Mark.Set(CFinishedMark::VECTOR, sizeof(typename Container::value_type));
-    }
-}
+inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSET_NODE, 0, 0, 0, nullptr};
 
 template<class Container>
 inline CContainerSlot CONTAINER_SLOT{[](CContainerInfor& infor) {
                                          infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container),
                                                                 &MakeObject<Container>, &DestroyObject<Container>, 0);
                                          CKind<Container>::Fill(infor);
-                                         MarkElements<Container>(infor);
                                      },
-                                     [] { return MakeTypeInfor(ELEMENT_SOURCE<Container>); }};
+                                     ELEMENT_SOURCE<Container>};
 
-template<class Container>
-const CTypeInforBase* ContainerDetail()
+/// Where the details of a kind of value are: those of a class, a container or a custom type.
+template<class T>
+constexpr CSlot* DetailSlotOf()
 {
-    return &DescriptorOf<CContainerInfor>(CONTAINER_SLOT<Container>);
-}
-
-template<class Container>
-void SurveyContainer(CSurvey& survey, bool)
-{
-    if (ELEMENT_SOURCE<Container>.Survey != nullptr) ELEMENT_SOURCE<Container>.Survey(survey, false);
+    constexpr unsigned int CODE = CKind<T>::CODE;
+    if constexpr (CODE == Enum::DT_CLASS)
+        return &CLASS_SLOT<T>;
+    else if constexpr (CODE == Enum::DT_CUSTOM_BASIC)
+        return &CUSTOM_SLOT<T>;
+    else if constexpr (CODE >= Enum::DT_SEQUENCE_A && CODE <= Enum::DT_ASSOCIATIVE_E)
+        return &CONTAINER_SLOT<T>;
+    else
+        return nullptr;
 }
 
 /// Describes a class when the file that holds its description is initialised.
 template<class T>
 struct CDescribedAtStart {
-    CDescribedAtStart() { ClassDetail<T>(); }
+    CDescribedAtStart() { DescriptorOf<CClassInfor>(CLASS_SLOT<T>); }
 };
 
 } // namespace vexa::detail

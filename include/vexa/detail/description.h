@@ -34,17 +34,23 @@ private:
 
 namespace detail {
 
+/// Receives the classes that a description names.
+class CSurvey;
+
+/// Tells a survey of the class that a type leads to, if any.
+void AddToSurvey(CSurvey& survey, const CTypeSource& type, bool isByValue);
+
 /// The part of a description that does not depend on the class: either fills its descriptor or only lists the classes
 /// named.
 class VEXA_API CDescriptionBase {
 public:
-    CDescriptionBase(const CDescriptionBase&) = delete;
-    CDescriptionBase& operator=(const CDescriptionBase&) = delete;
-
-protected:
     explicit CDescriptionBase(CClassInfor& infor) noexcept : m_class(&infor), m_survey(nullptr) {}
     explicit CDescriptionBase(CSurvey& survey) noexcept : m_class(nullptr), m_survey(&survey) {}
     ~CDescriptionBase() = default;
+    CDescriptionBase& operator=(const CDescriptionBase&) = delete;
+
+protected:
+    CDescriptionBase(const CDescriptionBase&) = default;
 
     void AddBase(CClassSlot& base, unsigned long offset);
     CAttribDescription AddAttrib(const char* name, unsigned long offset, const CTypeSource& type);

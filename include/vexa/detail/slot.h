@@ -14,77 +14,33 @@
 
 namespace vexa::detail {
 
-class CSurvey;
+class CDescriptionBase;
 
-/// Where a finished descriptor is read without the lock. It stays null until every registration that was in progress
-/// together with the descriptor's own has ended, so that a reader never follows it into one that is still being built.
-struct CPublication {
+enum class SlotForm : unsigned char { TYPE, CLASS, CONTAINER, CUSTOM };
+
+/// Where the descriptor of one type is kept. It can be read without the lock when every registration that was in
+/// progress together with its own has ended, so that a reader never follows it into one that is still being built; it
+/// stays null until then, and for good when they have failed.
+struct CSlot {
+    constexpr explicit CSlot(SlotForm form) noexcept : Form(form) {}
+
     std::atomic<const void*> Published{nullptr};
+    void* Made = nullptr;        ///< under the global lock: the descriptor, perhaps still being built
+    CSlot* MadeBefore = nullptr; ///< under the global lock: links what is not published yet
+    const SlotForm Form;
 };
 
-/// Queues a descriptor for publication at the end of the outermost registration. Call under the global lock.
-VEXA_API void Announce(CPublication& publication, const void* descriptor);
-
-/// Everything that the library must know of a class to describe it.
-struct CClassSlot : CPublication {
-    constexpr CClassSlot(const char* name, unsigned long size, void* (*factory)(), void (*deleter)(void*),
-                         CClassInfor::DescribeFunction describe, void (*survey)(CSurvey&)) noexcept
-        : Name(name), Size(size), Factory(factory), Deleter(deleter), Describe(describe), Survey(survey)
-    {
-    }
-
-    const char* Name;
-    unsigned long Size;
-    void* (*Factory)();
-    void (*Deleter)(void*);
-    CClassInfor::DescribeFunction Describe;
-    void (*Survey)(CSurvey&);          ///< lists the classes that the description names
-    CClassInfor* Descriptor = nullptr; ///< set when complete
-    bool IsStarted = false;            ///< its describing function has been called
-    const CSurvey* Surveyed = nullptr; ///< what Survey has listed
-};
-
-struct CContainerSlot : CPublication {
-    constexpr explicit CContainerSlot(void (*describe)(CContainerInfor&), CGnlTypeInfor (*elementType)()) noexcept
-        : Describe(describe), ElementType(elementType)
-    {
-    }
-
-    void (*Describe)(CContainerInfor&); ///< fills everything but the element type
-    CGnlTypeInfor (*ElementType)();
-    CContainerInfor* Descriptor = nullptr;
-};
-
-struct CCustomSlot : CPublication {
-    constexpr explicit CCustomSlot(void (*describe)(CCustomBasicTypeInfor*&)) noexcept : Describe(describe) {}
-
-    void (*Describe)(CCustomBasicTypeInfor*&); ///< registers the type
-    CCustomBasicTypeInfor* Descriptor = nullptr;
-};
-
-struct CTypeSlot : CPublication {
-    constexpr explicit CTypeSlot(CGnlTypeInfor (*make)()) noexcept : Make(make) {}
-
-    CGnlTypeInfor (*Make)();
-    CGnlTypeInfor* Descriptor = nullptr;
-};
-
-/// Each builds what the slot describes, unless it stands already, and returns it; a descriptor that is asked for while
-/// it is in progress on this thread is returned as it is.
-VEXA_API const CClassInfor* Build(CClassSlot& slot);
-VEXA_API const CContainerInfor* Build(CContainerSlot& slot);
-VEXA_API const CCustomBasicTypeInfor* Build(CCustomSlot& slot);
-VEXA_API const CGnlTypeInfor* Build(CTypeSlot& slot);
-
-/// Tells a survey of a class that a description names.
-VEXA_API void AddToSurvey(CSurvey& survey, CClassSlot& named, bool isByValue);
+/// Builds what the slot describes, unless it stands already, and returns it; a descriptor that is asked for while it is
+/// in progress on this thread is returned as it is. An exception leaves nothing behind of what the outermost call has
+/// built, and the lock free; the next use tries again.
+VEXA_API const void* Build(CSlot& slot);
 
 /// The descriptor of a slot: one load and one branch once it stands.
-template<class Descriptor, class Slot>
-const Descriptor& DescriptorOf(Slot& slot)
+template<class Descriptor>
+const Descriptor& DescriptorOf(CSlot& slot)
 {
     const void* const published = slot.Published.load(std::memory_order_acquire);
-    return __builtin_expect(published != nullptr, 1) ? *static_cast<const Descriptor*>(published) : *Build(slot);
+    return *static_cast<const Descriptor*>(__builtin_expect(published != nullptr, 1) ? published : Build(slot));
 }
 
 /// How a type is described, without a descriptor: what an attribute record takes over, and where its details come from.
@@ -93,17 +49,50 @@ struct CTypeSource {
     unsigned char HoldingFlags;
     unsigned char NullFlagOffset;
     unsigned char ValueOffset;
-    const CTypeInforBase* (*Detail)();               ///< null for a type without detailed descriptor
-    void (*Survey)(CSurvey& survey, bool isByValue); ///< null likewise
+    CSlot* Detail; ///< null for a type without detailed descriptor
 };
 
-inline CGnlTypeInfor MakeTypeInfor(const CTypeSource& source)
-{
-    CGnlTypeInfor type(source.DataType, source.HoldingFlags, source.Detail != nullptr ? source.Detail() : nullptr);
-    type.NullFlagOffset = source.NullFlagOffset;
-    type.ValueOffset = source.ValueOffset;
-    return type;
-}
+VEXA_API CGnlTypeInfor MakeTypeInfor(const CTypeSource& source);
+
+/// Everything that the library must know of a class to describe it.
+struct CClassSlot : CSlot {
+    constexpr CClassSlot(const char* name, unsigned long size, void* (*factory)(), void (*deleter)(void*),
+                         void (*describe)(CDescriptionBase&)) noexcept
+        : CSlot(SlotForm::CLASS), Name(name), Size(size), Factory(factory), Deleter(deleter), Describe(describe)
+    {
+    }
+
+    const char* Name;
+    unsigned long Size;
+    void* (*Factory)();
+    void (*Deleter)(void*);
+    void (*Describe)(CDescriptionBase&); ///< of a CDescription of the class
+};
+
+struct CContainerSlot : CSlot {
+    constexpr CContainerSlot(void (*describe)(CContainerInfor&), const CTypeSource& element) noexcept
+        : CSlot(SlotForm::CONTAINER), Describe(describe), Element(element)
+    {
+    }
+
+    void (*Describe)(CContainerInfor&); ///< fills everything but the element type
+    CTypeSource Element;
+};
+
+struct CCustomSlot : CSlot {
+    constexpr explicit CCustomSlot(void (*describe)(CCustomBasicTypeInfor*&)) noexcept
+        : CSlot(SlotForm::CUSTOM), Describe(describe)
+    {
+    }
+
+    void (*Describe)(CCustomBasicTypeInfor*&); ///< registers the type
+};
+
+struct CTypeSlot : CSlot {
+    constexpr explicit CTypeSlot(const CTypeSource& source) noexcept : CSlot(SlotForm::TYPE), Source(source) {}
+
+    CTypeSource Source;
+};
 
 } // namespace vexa::detail
 

@@ -26,42 +26,28 @@
 
 namespace vexa::detail {
 
+/// See class_slot.h, which completes it.
 template<class T>
-const CTypeInforBase* ClassDetail();
-template<class T>
-void SurveyClass(CSurvey& survey, bool isByValue);
-template<class T>
-const CTypeInforBase* CustomDetail();
-template<class Container>
-const CTypeInforBase* ContainerDetail();
-template<class Container>
-void SurveyContainer(CSurvey& survey, bool isByValue);
-
-struct CKindSource {
-    unsigned int DataType;
-    const CTypeInforBase* (*Detail)() = nullptr;
-    void (*Survey)(CSurvey&, bool) = nullptr;
-};
+constexpr CSlot* DetailSlotOf();
 
 /// The primary template takes classes, and whatever no one has described.
 template<class T, class>
 struct CKind {
     using NeedsDescription = void;
-    static constexpr CKindSource Source() { return {Enum::DT_CLASS, &ClassDetail<T>, &SurveyClass<T>}; }
+    static constexpr unsigned int CODE = Enum::DT_CLASS;
 };
 
 template<class T>
 struct CKind<T, std::enable_if_t<std::is_enum_v<T> && !IS_CUSTOM<T>>> : CKind<std::underlying_type_t<T>> {
 };
 
-template<class T>
-struct CKind<T, std::enable_if_t<IS_CUSTOM<T>>> {
-    static constexpr CKindSource Source() { return {Enum::DT_CUSTOM_BASIC, &CustomDetail<T>}; }
+template<unsigned int KIND_CODE>
+struct CPlainKind {
+    static constexpr unsigned int CODE = KIND_CODE;
 };
 
-template<unsigned int CODE>
-struct CPlainKind {
-    static constexpr CKindSource Source() { return {CODE}; }
+template<class T>
+struct CKind<T, std::enable_if_t<IS_CUSTOM<T>>> : CPlainKind<Enum::DT_CUSTOM_BASIC> {
 };
 
 template<class T>
@@ -79,9 +65,8 @@ template<> struct CKind<CValue> : CPlainKind<Enum::DT_VALUE> {};
 // clang-format on
 
 /// A container: its code, its name and the shape of its operations.
-template<class Container, unsigned int CODE, class Operations>
-struct CContainerKind {
-    static constexpr CKindSource Source() { return {CODE, &ContainerDetail<Container>, &SurveyContainer<Container>}; }
+template<class Container, unsigned int KIND_CODE, class Operations>
+struct CContainerKind : CPlainKind<KIND_CODE> {
     static void Fill(CContainerInfor& infor) { Operations::Fill(infor); }
 };
 
@@ -130,11 +115,7 @@ struct CKind<std::bitset<SIZE>> : CContainerKind<std::bitset<SIZE>, Enum::DT_BIT
 
 /// A map's element: a class of two attributes, described like any other.
 template<class K, class V>
-struct CKind<std::pair<K, V>> {
-    static constexpr CKindSource Source()
-    {
-        return {Enum::DT_CLASS, &ClassDetail<std::pair<K, V>>, &SurveyClass<std::pair<K, V>>};
-    }
+struct CKind<std::pair<K, V>> : CPlainKind<Enum::DT_CLASS> {
 };
 
 template<class T>
@@ -142,13 +123,10 @@ constexpr CTypeSource MakeTypeSource()
 {
     if constexpr (IsDescribable<T>()) {
         using Holding = CHolding<T>;
-        constexpr CKindSource KIND = CKind<typename Holding::Value>::Source();
-        return {static_cast<unsigned char>(IS_TEXT_POINTER<T> ? Enum::DT_CONST_CHAR_PTR : KIND.DataType),
-                static_cast<unsigned char>(Holding::FLAGS),
-                0,
-                static_cast<unsigned char>(Holding::VALUE_OFFSET),
-                KIND.Detail,
-                KIND.Survey};
+        using Value = typename Holding::Value;
+        return {static_cast<unsigned char>(IS_TEXT_POINTER<T> ? Enum::DT_CONST_CHAR_PTR : CKind<Value>::CODE),
+                static_cast<unsigned char>(Holding::FLAGS), 0, static_cast<unsigned char>(Holding::VALUE_OFFSET),
+                DetailSlotOf<Value>()};
     } else {
         return {};
     }
