@@ -111,7 +111,7 @@ inline char* WriteEightDigits(char* at, std::uint64_t value) noexcept
 }
 
 /// Writes a value below 100,000,000, and up to 8 bytes. \return the end of its digits.
-inline char* WriteUpToEightDigits(char* at, std::uint64_t value) noexcept
+__attribute__((always_inline)) inline char* WriteUpToEightDigits(char* at, std::uint64_t value) noexcept
 {
     constexpr std::uint64_t LAST_DIGIT = std::uint64_t{1} << 56U; // of 0 one digit is written, too
     const std::uint64_t digits = EightDigits(value);
@@ -121,10 +121,9 @@ inline char* WriteUpToEightDigits(char* at, std::uint64_t value) noexcept
     return at + (8U - leading / 8U);
 }
 
-/// Writes the digits of a value, DECIMAL_ROOM bytes at most. \return the end of the text.
-inline char* WriteDigits(char* at, std::uint64_t value) noexcept
+/// Writes a value from 100,000,000 on, up to 20 bytes. \return the end of its digits.
+__attribute__((noinline)) inline char* WriteManyDigits(char* at, std::uint64_t value) noexcept
 {
-    if (value < EIGHT_DIGITS_END) return WriteUpToEightDigits(at, value);
     const std::uint64_t upper = value / EIGHT_DIGITS_END;
     if (upper < EIGHT_DIGITS_END) {
         at = WriteUpToEightDigits(at, upper);
@@ -135,9 +134,15 @@ inline char* WriteDigits(char* at, std::uint64_t value) noexcept
     return WriteEightDigits(at, value % EIGHT_DIGITS_END);
 }
 
+/// Writes the digits of a value, DECIMAL_ROOM bytes at most. \return the end of the text.
+__attribute__((always_inline)) inline char* WriteDigits(char* at, std::uint64_t value) noexcept
+{
+    return __builtin_expect(value < EIGHT_DIGITS_END, 1) ? WriteUpToEightDigits(at, value) : WriteManyDigits(at, value);
+}
+
 /// Writes an integer, DECIMAL_ROOM bytes at most. \return the end of the text, DecimalLength(value) bytes behind \p at.
 template<class T>
-char* WriteDecimal(char* at, T value) noexcept
+__attribute__((always_inline)) inline char* WriteDecimal(char* at, T value) noexcept
 {
     if constexpr (std::is_signed_v<T>) {
         *at = '-';

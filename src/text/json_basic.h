@@ -31,11 +31,19 @@ inline char* WriteReady(char* at, const char* text, std::size_t length)
     return at + length;
 }
 
+/// Without a jump, which half of all values would take by surprise.
+inline char* WriteTruth(char* at, bool value)
+{
+    static constexpr char TEXTS[2][8] = {"false", "true"};
+    std::memcpy(at, TEXTS[value ? 1 : 0], sizeof TEXTS[0]);
+    return at + (value ? 4 : 5);
+}
+
 template<class T>
-char* WriteNumber(char* at, T value)
+__attribute__((always_inline)) inline char* WriteNumber(char* at, T value)
 {
     if constexpr (std::is_same_v<T, bool>)
-        return value ? WriteText(at, "true", 4) : WriteText(at, "false", 5);
+        return WriteTruth(at, value);
     else if constexpr (std::is_floating_point_v<T>)
         return core::WriteFixed(at, value);
     else
@@ -49,7 +57,7 @@ char* WriteObject(char* at, const CDateTime& value);
 
 /// Texts stand between quotes where \p isQuoted says so, and are escaped anyway. \return the end of the text.
 template<class Type>
-char* WriteValue(Type, char* at, const void* address, bool isQuoted)
+__attribute__((always_inline)) inline char* WriteValue(Type, char* at, const void* address, bool isQuoted)
 {
     using T = typename Type::Type;
     constexpr bool IS_TEXT = std::is_same_v<T, std::string> || std::is_same_v<T, core::CTextAtAddress>;
@@ -72,7 +80,8 @@ char* WriteValue(Type, char* at, const void* address, bool isQuoted)
 
 /// The same, held to its room.
 template<class Type>
-char* WriteMeasured(Type type, char* at, const void* address, bool isQuoted = true)
+__attribute__((always_inline)) inline char* WriteMeasured(Type type, char* at, const void* address,
+                                                          bool isQuoted = true)
 {
     char* const end = WriteValue(type, at, address, isQuoted);
     assert(static_cast<unsigned long>(end - at) <= RoomOf(type, address));

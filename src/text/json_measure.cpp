@@ -39,6 +39,51 @@ constexpr std::uint64_t LAST_ORDINARY_TIME = 253402214400000;
 
 } // namespace
 
+#ifdef __SSE2__
+
+namespace {
+
+/// The lengths of four int minus 1, negated: each comparison that holds counts -1.
+__m128i NegatedExtraLengths(__m128i values)
+{
+    const __m128i signs = _mm_srai_epi32(values, 31);
+    __m128i magnitudes = _mm_sub_epi32(_mm_xor_si128(values, signs), signs);
+    // The lowest int has no positive counterpart; the one next to it is as long.
+    magnitudes = _mm_add_epi32(magnitudes, _mm_srai_epi32(magnitudes, 31));
+    __m128i lengths = signs;
+    for (const int last : {9, 99, 999, 9999, 99999, 999999, 9999999, 99999999, 999999999})
+        lengths = _mm_add_epi32(lengths, _mm_cmpgt_epi32(magnitudes, _mm_set1_epi32(last)));
+    return lengths;
+}
+
+} // namespace
+
+unsigned long RoomOfInts(const char* first, unsigned long count)
+{
+    unsigned long room = count;
+    for (; count >= 4; count -= 4, first += sizeof(__m128i)) {
+        __m128i lengths = NegatedExtraLengths(_mm_loadu_si128(reinterpret_cast<const __m128i*>(first)));
+        lengths = _mm_add_epi32(lengths, _mm_shuffle_epi32(lengths, _MM_SHUFFLE(1, 0, 3, 2)));
+        lengths = _mm_add_epi32(lengths, _mm_shuffle_epi32(lengths, _MM_SHUFFLE(2, 3, 0, 1)));
+        room += static_cast<unsigned long>(-_mm_cvtsi128_si32(lengths));
+    }
+    for (; count != 0; --count, first += sizeof(int))
+        room += core::DecimalLength(core::Load<int>(first)) - 1;
+    return room;
+}
+
+#else
+
+unsigned long RoomOfInts(const char* first, unsigned long count)
+{
+    unsigned long room = 0;
+    for (; count != 0; --count, first += sizeof(int))
+        room += core::DecimalLength(core::Load<int>(first));
+    return room;
+}
+
+#endif
+
 unsigned long LengthOfLong(float value) { return LengthOf(value); }
 unsigned long LengthOfLong(double value) { return LengthOf(value); }
 unsigned long LengthOfLong(long double value) { return LengthOf(value); }

@@ -31,6 +31,9 @@ unsigned long RoomOfObject(const CNumeric& value);
 unsigned long RoomOfObject(const tm& value);
 unsigned long RoomOfObject(const CDateTime& value);
 
+/// The room of so many int one behind the other.
+unsigned long RoomOfInts(const char* first, unsigned long count);
+
 template<class T>
 unsigned long RoomOfFloating(T value)
 {

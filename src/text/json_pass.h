@@ -49,6 +49,15 @@ public:
         }
         return at + RoomOf(type, address);
     }
+    /// Values one behind the other, separators included. \return false when they are to be walked.
+    template<class Type>
+    bool Span(Type, Cursor& at, const char* first, const char* last, unsigned long stride)
+    {
+        if (Type::CODE != Enum::DT_INT || stride != sizeof(int)) return false;
+        const auto count = static_cast<unsigned long>(last - first) / sizeof(int);
+        at += RoomOfInts(first, count) + count - 1;
+        return true;
+    }
     void Unsupported(const CConstRefrence&) {}
     /// What is read through a pointer may be the memory that is to be written to.
     void Pointer(const void* address)
@@ -98,6 +107,11 @@ public:
     Cursor Value(Type type, Cursor at, const void* address, bool isQuoted)
     {
         return WriteMeasured(type, at, address, isQuoted);
+    }
+    template<class Type>
+    bool Span(Type, Cursor&, const char*, const char*, unsigned long)
+    {
+        return false;
     }
     void Unsupported(const CConstRefrence& ref)
     {

@@ -177,17 +177,29 @@ private:
     {
         at = m_pass.Byte(at, '{');
         for (const typeinfo::CRecordPlan& record : plan) {
-            const char* const value = record.Value(object);
-            if (record.Op == Operation::STD_STRING) {
-                if (value != nullptr) at = m_pass.Value(STRING_TYPE, m_pass.Key(at, record), value, true);
-            } else if (__builtin_expect(record.Op == Operation::UNUSUAL, 0)) {
-                const CConstRefrence held(*record.Type, object + record.HolderOffset);
-                at = Attrib(at, held, *record.Infor, &record == plan.begin(), nesting);
-            } else if (value != nullptr) {
-                at = Planned(m_pass.Key(at, record), record, value, nesting);
+            const char* const direct = object + record.ValueOffset;
+            if (record.DirectCode == Enum::DT_STD_STRING) { // the most usual of all
+                at = m_pass.Value(STRING_TYPE, m_pass.Key(at, record), direct, true);
+                continue;
             }
+            const bool isDone = core::VisitBasicType(record.DirectCode, [this, &at, &record, direct](auto type) {
+                at = m_pass.Value(type, m_pass.Key(at, record), direct, true);
+            });
+            if (!isDone) at = Indirect(at, record, object, plan, nesting);
         }
         return m_pass.Byte(at, '}');
+    }
+
+    /// What is not a basic value that is always there.
+    Cursor Indirect(Cursor at, const typeinfo::CRecordPlan& record, const char* object, const typeinfo::CPlan& plan,
+                    const Nesting& nesting)
+    {
+        if (record.Op == Operation::UNUSUAL) {
+            const CConstRefrence held(*record.Type, object + record.HolderOffset);
+            return Attrib(at, held, *record.Infor, &record == plan.begin(), nesting);
+        }
+        const char* const value = record.Value(object);
+        return value != nullptr ? Planned(m_pass.Key(at, record), record, value, nesting) : at;
     }
 
     /// A value that is not null.
@@ -222,41 +234,52 @@ private:
     /// Elements that lie one behind the other: what they are is asked once.
     Cursor Contiguous(Cursor at, const typeinfo::CContainerPlan& plan, const char* container, const Nesting& nesting)
     {
-        const typeinfo::CValuePlan& element = plan.Element();
         const typeinfo::CContainerPlan::CSpan span = plan.Elements(container);
-        const typeinfo::CPlan* inner = nullptr;
         at = m_pass.Byte(at, '[');
-        if (element.Held == typeinfo::Holding::DIRECT && element.Op >= Operation::FIRST_BASIC)
-            at = BasicElements(at, span, plan.Stride(), element);
-        else if (element.Held == typeinfo::Holding::DIRECT && element.Op == Operation::CLASS &&
-                 (inner = typeinfo::PlanOf(element.ClassInfor())) != nullptr && !inner->HasUnions())
-            at = ForEach(at, span, plan.Stride(), [&](Cursor place, const char* next) {
-                const Nesting within(nesting, next + element.ValueOffset, *element.Type);
-                return Enters(within, *element.Type) ? Object(place, *inner, next + element.ValueOffset, within)
-                                                     : place;
-            });
-        else
-            at = ForEach(at, span, plan.Stride(),
-                         [&](Cursor place, const char* next) { return Element(place, element, next, nesting); });
+        if (span.First != span.Last) at = Span(at, plan.Element(), span, plan.Stride(), nesting);
         return m_pass.Byte(at, ']');
     }
-    Cursor BasicElements(Cursor at, const typeinfo::CContainerPlan::CSpan& span, unsigned long stride,
-                         const typeinfo::CValuePlan& element)
+    Cursor Span(Cursor at, const typeinfo::CValuePlan& element, const typeinfo::CContainerPlan::CSpan& span,
+                unsigned long stride, const Nesting& nesting)
     {
-        core::VisitBasicType(static_cast<unsigned char>(element.Op), [&](auto type) {
-            at = ForEach(at, span, stride, [&](Cursor place, const char* next) {
-                return m_pass.Value(type, place, next + element.ValueOffset, true);
+        if (element.Held == typeinfo::Holding::DIRECT) {
+            if (element.Op >= Operation::FIRST_BASIC) return BasicElements(at, element, span, stride);
+            if (element.Op == Operation::CLASS) {
+                const typeinfo::CPlan* const inner = typeinfo::PlanOf(element.ClassInfor());
+                if (inner != nullptr && !inner->HasUnions()) return Objects(at, element, *inner, span, stride, nesting);
+            }
+        }
+        return ForEach(at, span.First, span.Last, stride,
+                       [&](Cursor place, const char* next) { return Element(place, element, next, nesting); });
+    }
+    Cursor Objects(Cursor at, const typeinfo::CValuePlan& element, const typeinfo::CPlan& plan,
+                   const typeinfo::CContainerPlan::CSpan& span, unsigned long stride, const Nesting& nesting)
+    {
+        return ForEach(at, span.First, span.Last, stride, [&](Cursor place, const char* next) {
+            const Nesting within(nesting, next + element.ValueOffset, *element.Type);
+            return Enters(within, *element.Type) ? Object(place, plan, next + element.ValueOffset, within) : place;
+        });
+    }
+    Cursor BasicElements(Cursor at, const typeinfo::CValuePlan& element, const typeinfo::CContainerPlan::CSpan& span,
+                         unsigned long stride)
+    {
+        const char* const first = span.First + element.ValueOffset;
+        const char* const last = span.Last + element.ValueOffset;
+        core::VisitBasicType(static_cast<unsigned char>(element.Op), [this, &at, first, last, stride](auto type) {
+            if (m_pass.Span(type, at, first, last, stride)) return;
+            at = ForEach(at, first, last, stride, [this, type](Cursor place, const char* next) {
+                return m_pass.Value(type, place, next, true);
             });
         });
         return at;
     }
+    /// There is a first one.
     template<class Write>
-    Cursor ForEach(Cursor at, const typeinfo::CContainerPlan::CSpan& span, unsigned long stride, Write write)
+    Cursor ForEach(Cursor at, const char* first, const char* last, unsigned long stride, Write write)
     {
-        for (const char* next = span.First; next != span.Last; next += stride) {
-            if (next != span.First) at = m_pass.Byte(at, ',');
-            at = write(at, next);
-        }
+        at = write(at, first);
+        for (const char* next = first + stride; next != last; next += stride)
+            at = write(m_pass.Byte(at, ','), next);
         return at;
     }
 

@@ -2,6 +2,8 @@
 
 #include <vexa/json.h>
 
+#include <cassert>
+
 #include "text/json_code.h"
 #include "text/json_pass.h"
 #include "text/json_walk.h"
@@ -19,7 +21,9 @@ int WriteInto(std::string& out, unsigned long room, const CConstRefrence& ref)
     text::CWritingPass pass;
     text::CJsonWalk<text::CWritingPass> walk(pass);
     const char* const end = walk.Walk(out.data(), ref, nullptr);
-    out.resize(static_cast<std::size_t>(end - out.data()));
+    const auto length = static_cast<std::size_t>(end - out.data());
+    assert(length <= room);
+    out.resize(length);
     return walk.IsUnsupported() ? text::WRITE_UNSUPPORTED : 0;
 }
 

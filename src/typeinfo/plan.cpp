@@ -38,6 +38,7 @@ CValuePlan::CValuePlan(const CGnlTypeInfor& type, unsigned long offset)
         FlagOffset += type.NullFlagOffset;
         ValueOffset += type.ValueOffset;
     }
+    if (Held == Holding::DIRECT && Op >= Operation::FIRST_BASIC) DirectCode = type.DataType;
     IsPlain = Held == Holding::DIRECT && !type.Has(HF_CONST);
 }
 

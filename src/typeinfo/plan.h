@@ -61,6 +61,7 @@ struct CValuePlan {
 
     Operation Op = Operation::UNUSUAL;
     Holding Held = Holding::DIRECT;
+    unsigned char DirectCode = 0;   ///< the code of a basic type that is held directly; 0 for every other value
     bool IsPlain = false;           ///< directly held and writable: neither null state nor constness is in the way
     std::uint32_t HolderOffset = 0; ///< to what the descriptor calls the holder
     std::uint32_t FlagOffset = 0;   ///< FLAGGED: to the flag byte
