@@ -43,9 +43,10 @@ void Make(CClassSlot& slot)
 
 void Make(CContainerSlot& slot)
 {
-    auto& made = FillWith(slot, std::make_unique<CContainerInfor>());
+    auto& made = FillWith(slot, std::make_unique<typeinfo::CFinishedContainer>());
     slot.Describe(made);
     made.ElementType = MakeTypeInfor(slot.Element);
+    made.Mark.Set(CFinishedMark::CONTAINER);
 }
 
 void Make(CCustomSlot& slot)

@@ -15,7 +15,7 @@ void Destroy(detail::SlotForm form, void* descriptor) noexcept
     switch (form) {
     case detail::SlotForm::TYPE: delete static_cast<CGnlTypeInfor*>(descriptor); break;
     case detail::SlotForm::CLASS: delete static_cast<CFinishedClass*>(descriptor); break;
-    case detail::SlotForm::CONTAINER: delete static_cast<CContainerInfor*>(descriptor); break;
+    case detail::SlotForm::CONTAINER: delete static_cast<CFinishedContainer*>(descriptor); break;
     case detail::SlotForm::CUSTOM: delete static_cast<CCustomBasicTypeInfor*>(descriptor); break;
     }
 }

@@ -192,11 +192,27 @@ inline constexpr CTypeSource ELEMENT_SOURCE = MakeElementSource<Container>();
 template<std::size_t SIZE>
 inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSET_NODE, 0, 0, 0, nullptr};
 
+/// Tells the library where a container keeps its elements, so that it walks them without the container's operations.
+template<class Container>
+void MarkElements(CContainerInfor& infor)
+{
+    if constexpr (std::is_array_v<Container>) {
+        infor.Mark.Set(CFinishedMark::SLOTS, sizeof(ElementOf<Container>));
+    } else if constexpr (IS_STD_ARRAY<Container>) {
+        if constexpr (std::tuple_size_v<Container> != 0)
+            infor.Mark.Set(CFinishedMark::SLOTS, sizeof(ElementOf<Container>));
+    } else if constexpr (IS_SPECIALIZATION<Container, std::vector>) {
+        if constexpr (std::is_same_v<Container, std::vector<typename Container::value_type>>)
+            infor.Mark.Set(CFinishedMark::VECTOR, sizeof(typename Container::value_type));
+    }
+}
+
 template<class Container>
 inline CContainerSlot CONTAINER_SLOT{[](CContainerInfor& infor) {
                                          infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container),
                                                                 &MakeObject<Container>, &DestroyObject<Container>, 0);
                                          CKind<Container>::Fill(infor);
+                                         MarkElements<Container>(infor);
                                      },
                                      ELEMENT_SOURCE<Container>};
 
