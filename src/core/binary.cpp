@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/bounded.h"
+#include "core/value_text.h"
 
 namespace vexa {
 
@@ -145,13 +146,19 @@ void CBinary::CopyTo(void* dst, unsigned long len, unsigned long pos) const
 
 std::string CBinary::AsHexString() const
 {
-    static constexpr char DIGITS[] = "0123456789abcdef";
-    std::string text(2 * Size, '\0');
-    for (unsigned long i = 0; i < Size; ++i) {
-        text[2 * i] = DIGITS[Data[i] >> 4U];
-        text[2 * i + 1] = DIGITS[Data[i] & 0x0FU];
-    }
+    std::string text(core::TextLength(*this), '\0');
+    core::WriteText(text.data(), *this);
     return text;
+}
+
+char* core::WriteText(char* at, const CBinary& value) noexcept
+{
+    static constexpr char DIGITS[] = "0123456789abcdef";
+    for (unsigned long i = 0; i < value.Size; ++i) {
+        *at++ = DIGITS[value.Data[i] >> 4U];
+        *at++ = DIGITS[value.Data[i] & 0x0FU];
+    }
+    return at;
 }
 
 bool operator==(const CBinary& left, const CBinary& right) noexcept

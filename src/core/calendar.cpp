@@ -6,6 +6,7 @@
 #include <vexa/date_time.h>
 
 #include "core/bounded.h"
+#include "core/value_text.h"
 
 namespace vexa {
 
@@ -62,17 +63,19 @@ bool String2Tm(tm& t, const std::string& s)
     return strptime_l(s.c_str(), core::DATE_TIME_FORMAT, &t, core::CLocale()) != nullptr;
 }
 
-std::string Tm2String(const tm& t, const std::string& format) { return core::FormatTm(t, format.c_str()); }
-
-std::string core::FormatTm(const tm& t, const char* format)
+std::string Tm2String(const tm& t, const std::string& format)
 {
-    if (!HasCalendarFields(t)) {
-        return "errortime";
-    }
-    char buffer[512] = {};
-    strftime_l(buffer, sizeof buffer, format, &t, CLocale());
+    core::CTimeText room;
+    return std::string(core::FormatTm(room, t, format.c_str()));
+}
+
+std::string_view core::FormatTm(CTimeText& room, const tm& t, const char* format)
+{
+    if (!HasCalendarFields(t)) return "errortime";
+    room.fill('\0');
+    strftime_l(room.data(), room.size(), format, &t, CLocale());
     // A text that is too long leaves what was formatted of it, and one byte at least is still zero.
-    return std::string(buffer, strnlen(buffer, sizeof buffer));
+    return {room.data(), strnlen(room.data(), room.size())};
 }
 
 } // namespace vexa

@@ -8,6 +8,7 @@
 
 #include "core/calendar.h"
 #include "core/packed_time.h"
+#include "core/value_text.h"
 
 namespace vexa {
 
@@ -170,13 +171,15 @@ void CDateTime::As_tm(tm* out, bool utc) const
 
 std::string CDateTime::AsString(const char* format, bool utc) const
 {
-    if (State == Enum::VS_NULL) {
-        return "NULL";
-    }
-    if (State == Enum::VS_ERROR) {
-        return "(Error)";
-    }
-    return core::FormatTm(As_tm(utc), format != nullptr ? format : core::DATE_TIME_FORMAT);
+    core::CTimeText room;
+    return std::string(core::TextOf(room, *this, format, utc));
+}
+
+std::string_view core::TextOf(CTimeText& room, const CDateTime& value, const char* format, bool utc)
+{
+    if (value.State == Enum::VS_NULL) return "NULL";
+    if (value.State == Enum::VS_ERROR) return "(Error)";
+    return FormatTm(room, value.As_tm(utc), format != nullptr ? format : DATE_TIME_FORMAT);
 }
 
 } // namespace vexa

@@ -1,5 +1,6 @@
 #include <vexa/numeric.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -8,6 +9,7 @@
 #include <string_view>
 
 #include "core/exact_decimal.h"
+#include "core/value_text.h"
 
 namespace vexa {
 
@@ -166,21 +168,40 @@ void CNumeric::Init()
     FractionDigits.clear();
 }
 
+namespace {
+
+/// What stands for a number without digits; empty for a valid one.
+std::string_view TextOfState(const CNumeric& value)
+{
+    if (value.State == Enum::VS_VALID) return {};
+    return value.State == Enum::VS_NULL ? "(null)" : "(NaN)";
+}
+
+char* Put(char* at, std::string_view text) { return std::copy(text.begin(), text.end(), at); }
+
+} // namespace
+
+std::size_t core::TextLength(const CNumeric& value) noexcept
+{
+    if (value.State != Enum::VS_VALID) return TextOfState(value).size();
+    const std::size_t fraction = value.FractionDigits.empty() ? 0 : 1 + value.FractionDigits.size();
+    return (value.Negative != 0 ? 1 : 0) + value.IntegerDigits.size() + fraction;
+}
+
+char* core::WriteText(char* at, const CNumeric& value) noexcept
+{
+    if (value.State != Enum::VS_VALID) return Put(at, TextOfState(value));
+    if (value.Negative != 0) *at++ = '-';
+    at = Put(at, value.IntegerDigits);
+    if (value.FractionDigits.empty()) return at;
+    *at++ = '.';
+    return Put(at, value.FractionDigits);
+}
+
 std::string CNumeric::AsString() const
 {
-    if (State == Enum::VS_NULL) {
-        return "(null)";
-    }
-    if (State != Enum::VS_VALID) {
-        return "(NaN)";
-    }
-    std::string text = Negative != 0 ? "-" : "";
-    text.reserve(text.size() + IntegerDigits.size() + 1 + FractionDigits.size());
-    text += IntegerDigits;
-    if (!FractionDigits.empty()) {
-        text += '.';
-        text += FractionDigits;
-    }
+    std::string text(core::TextLength(*this), '\0');
+    core::WriteText(text.data(), *this);
     return text;
 }
 
