@@ -110,15 +110,58 @@ inline char* WriteEightDigits(char* at, std::uint64_t value) noexcept
     return at + 8;
 }
 
-/// Writes a value below 100,000,000, and up to 8 bytes. \return the end of its digits.
+/// Two digits for each value below 100; in the second half without a leading zero.
+struct CDigitPairs {
+    char Pairs[100][2];
+    char Leading[100][2];
+};
+
+constexpr CDigitPairs MakeDigitPairs()
+{
+    CDigitPairs digits{};
+    for (unsigned int value = 0; value < 100; ++value) {
+        const char tens = static_cast<char>('0' + value / 10);
+        const char ones = static_cast<char>('0' + value % 10);
+        digits.Pairs[value][0] = tens;
+        digits.Pairs[value][1] = ones;
+        digits.Leading[value][0] = value < 10 ? ones : tens;
+        digits.Leading[value][1] = ones;
+    }
+    return digits;
+}
+
+inline constexpr CDigitPairs DIGIT_PAIRS = MakeDigitPairs();
+
+/// Writes the one or two digits of a value below 100.
+inline char* WriteLeading(char* at, std::uint64_t value) noexcept
+{
+    std::memcpy(at, DIGIT_PAIRS.Leading[value], 2);
+    return at + (value < 10 ? 1 : 2);
+}
+
+/// The whole part of \p fixed, whose lower 32 bits are a fraction, is below 100. Writes its digits and those of so many
+/// pairs behind the point.
+template<int PAIRS>
+__attribute__((always_inline)) inline char* WritePairs(char* at, std::uint64_t fixed) noexcept
+{
+    at = WriteLeading(at, fixed >> 32U);
+    for (int i = 0; i < PAIRS; ++i, at += 2) {
+        fixed = (fixed & 0xFFFFFFFFU) * 100U;
+        std::memcpy(at, DIGIT_PAIRS.Pairs[fixed >> 32U], 2);
+    }
+    return at;
+}
+
+/// Writes a value below 100,000,000, and up to 9 bytes: as a fraction of a power of a hundred, from which two digits
+/// are split off by each multiplication. The inverse powers are rounded up, little enough for values below the stated
+/// ends. \return the end of its digits.
 __attribute__((always_inline)) inline char* WriteUpToEightDigits(char* at, std::uint64_t value) noexcept
 {
-    constexpr std::uint64_t LAST_DIGIT = std::uint64_t{1} << 56U; // of 0 one digit is written, too
-    const std::uint64_t digits = EightDigits(value);
-    const auto leading = static_cast<unsigned int>(__builtin_ctzll(digits | LAST_DIGIT)) & ~7U;
-    const std::uint64_t shown = (digits | EIGHT_ZEROS) >> leading;
-    std::memcpy(at, &shown, sizeof shown);
-    return at + (8U - leading / 8U);
+    constexpr std::uint64_t ONE = std::uint64_t{1} << 32U;
+    if (value < 100) return WriteLeading(at, value);
+    if (value < 10000) return WritePairs<1>(at, value * (ONE / 100 + 1));
+    if (value < 1000000) return WritePairs<2>(at, value * (ONE / 10000 + 1));
+    return WritePairs<3>(at, value * ((ONE << 16U) / 1000000 + 1) >> 16U);
 }
 
 /// Writes a value from 100,000,000 on, up to 20 bytes. \return the end of its digits.
