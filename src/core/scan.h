@@ -2,6 +2,7 @@
 #define VEXA_CORE_SCAN_H
 
 #include <cstddef>
+#include <cstring>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -25,6 +26,20 @@ inline const char* FindQuoteOrBackslash(const char* first, const char* last) noe
     while (first != last && *first != '"' && *first != '\\')
         ++first;
     return first;
+}
+
+/// Whether the text from \p text to \p end begins with \p prefix, behind which 16 bytes may be read too.
+inline bool StartsWith(const char* text, const char* end, const char* prefix, std::size_t length) noexcept
+{
+#ifdef __SSE2__
+    if (length <= 16 && end - text >= 16) {
+        const __m128i left = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+        const __m128i right = _mm_loadu_si128(reinterpret_cast<const __m128i*>(prefix));
+        const unsigned wanted = (1U << length) - 1;
+        return (static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(left, right))) & wanted) == wanted;
+    }
+#endif
+    return static_cast<std::size_t>(end - text) >= length && std::memcmp(text, prefix, length) == 0;
 }
 
 } // namespace vexa::core

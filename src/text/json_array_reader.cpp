@@ -4,6 +4,7 @@
 
 #include "reference/emptying.h"
 #include "text/json_code.h"
+#include "text/json_plan.h"
 #include "text/json_reader.h"
 
 namespace vexa::text {
@@ -37,13 +38,16 @@ int CJsonReader::ReadArray(CRefrence& target)
     if (!m_cursor.SkipBlanks()) return ARRAY_ENDS_AFTER_BRACKET;
     if (m_cursor.Take(']')) return 0;
     if (!reference::SetNotNullAndEmpty(target) || target.ValueAddress() == nullptr) return VALUE_MISSING;
-    return ReadOpenArray(target.AsContainer());
+    return ReadOpenArray(target);
 }
 
 /// How a container takes elements is told by its code, and then by the operations that it has.
-int CJsonReader::ReadOpenArray(CContainerRefrence& container)
+int CJsonReader::ReadOpenArray(CRefrence& target)
 {
+    const CContainerRefrence& container = target.AsContainer();
     const CContainerInfor& infor = container.ContainerInfor();
+    if (const typeinfo::CContainerPlan* const plan = ReadablePlanOf(target.TypeInfor))
+        return ReadAlongPlan(*plan, static_cast<char*>(container.ValueAddress()));
     if (!container.TypeInfor.IsAssociative()) {
         if (infor.Append != nullptr) return ReadAppended(container);
         return container.TypeInfor.DataType == DT_ARRAY ? ReadSlots(container) : static_cast<int>(VALUE_MISSING);

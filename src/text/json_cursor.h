@@ -6,7 +6,29 @@
 
 namespace vexa::text {
 
-/// Where the reader is in the text. All of its moves stop at the end.
+inline constexpr std::array<bool, 256> MakeBlanks()
+{
+    std::array<bool, 256> blanks{};
+    for (const std::size_t byte : {0x20U, 0x09U, 0x0AU, 0x0DU})
+        blanks[byte] = true;
+    return blanks;
+}
+inline bool IsBlank(char byte)
+{
+    static constexpr std::array<bool, 256> BLANKS = MakeBlanks();
+    return BLANKS[static_cast<unsigned char>(byte)];
+}
+
+/// Where the blanks from \p next on end; a byte that is none must follow the text.
+inline const char* SkipBlanks(const char* next)
+{
+    if (!IsBlank(*next)) return next;
+    while (IsBlank(*++next)) {
+    }
+    return next;
+}
+
+/// Where the reader is in the text. All of its moves stop at the end. Behind the text there is a zero.
 class CJsonCursor {
 public:
     explicit CJsonCursor(const std::string& text) : m_next(text.data()), m_end(text.data() + text.size()) {}
@@ -33,19 +55,6 @@ public:
     void MoveTo(const char* next) { m_next = next; }
 
 private:
-    static constexpr std::array<bool, 256> MakeBlanks()
-    {
-        std::array<bool, 256> blanks{};
-        for (const std::size_t byte : {0x20U, 0x09U, 0x0AU, 0x0DU})
-            blanks[byte] = true;
-        return blanks;
-    }
-    static bool IsBlank(char byte)
-    {
-        static constexpr std::array<bool, 256> BLANKS = MakeBlanks();
-        return BLANKS[static_cast<unsigned char>(byte)];
-    }
-
     const char* m_next;
     const char* m_end;
 };

@@ -9,8 +9,10 @@
 
 #include "reference/custom_value.h"
 #include "reference/emptying.h"
+#include "text/digits.h"
 #include "text/json_code.h"
 #include "text/json_keys.h"
+#include "text/json_plan.h"
 
 namespace vexa {
 namespace text {
@@ -88,14 +90,21 @@ int CJsonReader::ReadNumber(CRefrence& target)
 
 int CJsonReader::ReadBool(CRefrence& target)
 {
+    bool truth = false;
+    const int code = ReadTruth(truth);
+    if (code == 0) target.AsStdBasicType().ReadFrom(truth);
+    return code;
+}
+
+int CJsonReader::ReadTruth(bool& truth)
+{
     const auto isNext = [this](const char* word, std::size_t length) {
         return m_cursor.Left() >= length && std::memcmp(m_cursor.Next(), word, length) == 0;
     };
     if (m_cursor.Left() < 4) return BOOL_TOO_SHORT;
-    const bool isTrue = isNext("true", 4);
-    if (!isTrue && !isNext("false", 5)) return BOOL_UNKNOWN;
-    m_cursor.MoveTo(m_cursor.Next() + (isTrue ? 4 : 5));
-    target.AsStdBasicType().ReadFrom(isTrue);
+    truth = isNext("true", 4);
+    if (!truth && !isNext("false", 5)) return BOOL_UNKNOWN;
+    m_cursor.MoveTo(m_cursor.Next() + (truth ? 4 : 5));
     return 0;
 }
 
@@ -103,12 +112,8 @@ int CJsonReader::ReadBool(CRefrence& target)
 long long CJsonReader::ReadInteger()
 {
     const bool isNegative = m_cursor.Take('-');
-    const char* next = m_cursor.Next();
     unsigned long long value = 0;
-    for (; next != m_cursor.End() && *next >= '0' && *next <= '9'; ++next) {
-        value = value * 10 + static_cast<unsigned long long>(*next - '0');
-    }
-    m_cursor.MoveTo(next);
+    m_cursor.MoveTo(ReadDigits(m_cursor.Next(), value));
     return static_cast<long long>(isNegative ? 0 - value : value);
 }
 
@@ -116,7 +121,10 @@ int CJsonReader::ReadClass(CRefrence& target)
 {
     if (!m_cursor.IsAt('{')) return CLASS_CODES.NoBrace;
     if (!reference::SetNotNullAndEmpty(target) || target.ValueAddress() == nullptr) return VALUE_MISSING;
-    return ReadMembers(CClassKeys(target.AsClass()), CLASS_CODES);
+    const CClassConstRefrence& object = target.AsClass();
+    if (const typeinfo::CPlan* const plan = ReadablePlanOf(object.ClassInfor()))
+        return ReadAlongPlan(*plan, static_cast<char*>(object.ValueAddress()));
+    return ReadMembers(CClassKeys(object), CLASS_CODES);
 }
 
 /// One that is null has no entries, and is no error until it is asked for one.

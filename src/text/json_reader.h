@@ -6,6 +6,13 @@
 
 #include "text/json_cursor.h"
 
+namespace vexa::typeinfo {
+class CPlan;
+class CContainerPlan;
+struct CRecordPlan;
+struct CValuePlan;
+} // namespace vexa::typeinfo
+
 namespace vexa::text {
 
 struct CObjectCodes;
@@ -26,6 +33,7 @@ private:
     int ReadCustom(CRefrence& target);
     int ReadNumber(CRefrence& target);
     int ReadBool(CRefrence& target);
+    int ReadTruth(bool& truth);
     long long ReadInteger();
 
     int ReadClass(CRefrence& target);
@@ -38,7 +46,7 @@ private:
     int ReadKey(CRefrence& member, Keys& keys, const CObjectCodes& codes);
 
     int ReadArray(CRefrence& target);
-    int ReadOpenArray(CContainerRefrence& container);
+    int ReadOpenArray(CRefrence& target);
     template<class ReadElement>
     int ReadElements(ReadElement&& readElement);
     int ReadAppended(const CContainerConstRefrence& container);
@@ -46,7 +54,31 @@ private:
     int ReadInserted(const CContainerConstRefrence& container);
     int ReadInsertedPointers(const CContainerConstRefrence& container);
 
+    // Along plans, in json_plan_reader.cpp. Each takes its place in the text and gives the next one, or null after it
+    // has set m_code.
+    int ReadAlongPlan(const typeinfo::CPlan& plan, char* object);
+    int ReadAlongPlan(const typeinfo::CContainerPlan& plan, char* container);
+    const char* ReadPlannedObject(const char* next, const typeinfo::CPlan& plan, char* object);
+    const char* ReadPlannedKey(const char* next, const typeinfo::CPlan& plan, const typeinfo::CRecordPlan*& record);
+    const char* ReadAnyKey(const char* next, const typeinfo::CPlan& plan, const typeinfo::CRecordPlan*& record);
+    const char* ReadPlannedValue(const char* next, const typeinfo::CValuePlan& value, char* object);
+    const char* ReadFlaggedValue(const char* next, const typeinfo::CValuePlan& value, char* object);
+    const char* ReadPlannedClass(const char* next, const typeinfo::CValuePlan& value, char* object);
+    const char* ReadPlannedArray(const char* next, const typeinfo::CValuePlan& value, char* object);
+    const char* ReadPlannedElements(const char* next, const typeinfo::CContainerPlan& plan, char* container);
+    template<class ReadElement>
+    const char* ReadElementsAlong(const char* next, const CContainerInfor& infor, char* container, ReadElement readOne);
+    const char* ReadPlannedString(const char* next, std::string& out);
+    const char* ReadPlannedBool(const char* next, char* value);
+    const char* ReadPlainly(const char* next, const CRefrence& target, int (CJsonReader::*read)(CRefrence& target));
+    const char* Fail(int code)
+    {
+        m_code = code;
+        return nullptr;
+    }
+
     CJsonCursor m_cursor;
+    int m_code = 0;
     unsigned long m_depth = 0;
 };
 

@@ -49,6 +49,7 @@ CPlan::CPlan(const CClassInfor& infor)
         CRecordPlan& record = m_records.emplace_back(attrib.TypeInfor, attrib.Offset);
         record.Infor = &attrib;
         m_hasUnions = m_hasUnions || attrib.UnionSelector != nullptr;
+        m_hasQuotedNames = m_hasQuotedNames || attrib.Name.find('"') != std::string::npos;
     }
     PlaceTexts();
 }

@@ -100,6 +100,8 @@ public:
     /// Whether which records are visited depends on the object: then its attributes are walked plainly. Look-ups are
     /// the same.
     bool HasUnions() const noexcept { return m_hasUnions; }
+    /// Whether a name holds a quotation mark, so that it cannot be told from a key by the bytes of `"name":`.
+    bool HasQuotedNames() const noexcept { return m_hasQuotedNames; }
     /// The record of a name, or null.
     const CRecordPlan* Find(const char* name, std::size_t length) const noexcept
     {
@@ -114,6 +116,7 @@ private:
     std::vector<char> m_texts;          ///< what Key and Label point into
     CNameTable m_names;
     bool m_hasUnions = false;
+    bool m_hasQuotedNames = false;
 };
 
 /// The plan of a container.

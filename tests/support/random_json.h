@@ -58,6 +58,7 @@ private:
         std::vector<const vexa::CAttribInfor*> attribs;
         for (const vexa::CAttribInfor& attrib : infor.AttribList)
             attribs.push_back(&attrib);
+        if (attribs.empty()) return "{}";
         std::string text = "{";
         const std::size_t count = depth > 0 ? 1 + m_dice.Below(2 * attribs.size()) : 1;
         for (std::size_t i = 0; i < count; ++i) {

@@ -330,7 +330,7 @@ struct Choice {
     };
     std::string text;
     short kind = 0;
-    Choice() : number(0) {}
+    Choice() : numbers{} {} // all of it: whatever member is asked for has a value
 };
 VEXA_DESCRIBE_CLASS(Choice)
 {
