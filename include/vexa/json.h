@@ -21,8 +21,11 @@ namespace vexa {
 /// whose first attribute is null begins `{,`. A nested value of a kind that JSON does not hold is logged and left out.
 /// \return 0; 262 when \p ref itself is of such a kind; 999 when the value nests deeper than MAX_NESTING_DEPTH or holds
 /// itself through pointers. After 262 \p out has the length that was measured, which is 0 for a kind that cannot be
-/// written; after 999 it is empty. A null, vexa::NullType included, gives an empty text and 0. \p ref must not change
-/// meanwhile; \p out may be part of it, for which each call makes a string of its own.
+/// written; after 999 it is empty. A null, vexa::NullType included, gives an empty text and 0.
+///
+/// The memory of \p out is used again where it suffices. \p ref must not change meanwhile; \p out may be part of it, and
+/// texts in it may point into \p out: then, and where a converter or a container operation of the application's own is
+/// asked, a string of its own is written and swapped in. Throws std::bad_alloc; \p out then holds anything.
 VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 
 /// Reads JSON text into \p target, which is cleared first; an empty text leaves it cleared. Bytes after the value are

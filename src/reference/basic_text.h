@@ -8,7 +8,7 @@
 
 #include "core/basic_types.h"
 #include "core/c_locale.h"
-#include "core/decimal.h"
+#include "core/fixed_decimal.h"
 #include "core/value_text.h"
 
 /// \file

@@ -9,8 +9,8 @@
 #include <vexa/refrence.h>
 
 #include "core/basic_types.h"
-#include "core/decimal.h"
 #include "core/escape_text.h"
+#include "core/fixed_decimal.h"
 
 /// \file
 /// The room that JSON text takes at most, for every basic type: the bound that is required to be counted for the value,

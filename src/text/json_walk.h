@@ -55,7 +55,7 @@ private:
 
     static bool IsNestingCode(unsigned char code)
     {
-        return code == Enum::DT_CLASS || (code >= 61 && code <= 98) || code == Enum::DT_GNL_CLASS ||
+        return code == Enum::DT_CLASS || Enum::IsContainerCode(code) || code == Enum::DT_GNL_CLASS ||
                code == Enum::DT_REFERENCE_GROUP;
     }
     Cursor Inner(Cursor at, const CConstRefrence& ref, const void* value, const Nesting& nesting)
@@ -156,17 +156,22 @@ private:
             return Contiguous(at, *plan, static_cast<const char*>(value), nesting);
         const CContainerConstRefrence container(CGnlTypeInfor(Enum::DT_SEQUENCE_A, 0, &infor), value);
         if (plan != nullptr && plan->Shape() == typeinfo::CContainerPlan::Form::CURSOR)
-            return Elements(at, *plan, container, nesting);
+            return Elements(at, container, [&](Cursor place, const CConstRefrence& element) {
+                return Element(place, plan->Element(), element.Address, nesting);
+            });
         if (typeinfo::FinishedContainer(infor) == nullptr) m_pass.Foreign(); // the operations are the application's own
-        return PlainContainer(at, container, nesting);
+        return Elements(at, container,
+                        [&](Cursor place, const CConstRefrence& element) { return Walk(place, element, &nesting); });
     }
-    Cursor PlainContainer(Cursor at, const CContainerConstRefrence& container, const Nesting& nesting)
+    /// The elements that the container's operations lead to.
+    template<class Write>
+    Cursor Elements(Cursor at, const CContainerConstRefrence& container, Write write)
     {
         at = m_pass.Byte(at, '[');
         bool isFirst = true;
         for (const CConstRefrence& element : container) {
             if (!std::exchange(isFirst, false)) at = m_pass.Byte(at, ',');
-            at = Walk(at, element, &nesting);
+            at = write(at, element);
         }
         return m_pass.Byte(at, ']');
     }
@@ -217,18 +222,6 @@ private:
     {
         const char* const value = plan.Value(static_cast<const char*>(element));
         return value != nullptr ? Planned(at, plan, value, nesting) : m_pass.Null(at);
-    }
-
-    Cursor Elements(Cursor at, const typeinfo::CContainerPlan& plan, const CContainerConstRefrence& container,
-                    const Nesting& nesting)
-    {
-        at = m_pass.Byte(at, '[');
-        bool isFirst = true;
-        for (const CConstRefrence& element : container) {
-            if (!std::exchange(isFirst, false)) at = m_pass.Byte(at, ',');
-            at = Element(at, plan.Element(), element.Address, nesting);
-        }
-        return m_pass.Byte(at, ']');
     }
 
     /// Elements that lie one behind the other: what they are is asked once.

@@ -1,6 +1,6 @@
 // Numbers as decimal text, beside what the C library makes of them.
 
-#include "core/decimal.h"
+#include "core/fixed_decimal.h"
 
 #include <cfloat>
 #include <climits>

@@ -16,6 +16,7 @@
 #include "support/captured_log.h"
 #include "support/plain_descriptor.h"
 #include "support/random_objects.h"
+#include "support/text_links.h"
 
 namespace vexa_test::random_objects {
 namespace {
@@ -84,6 +85,18 @@ TEST(PlanDifference, JsonOfRandomObjectsIsTheSameAlongThePlanAndAlongTheDescript
             random.Forget();
         }
     });
+}
+
+TEST(PlanDifference, ChainsAroundTheGreatestDepthAreTheSameAlongThePlanAndAlongTheDescriptor)
+{
+    PlainDescriptors plain;
+    for (const std::size_t length : {1UL, 499UL, 500UL, 501UL, 999UL, 1000UL, 1001UL, 1002UL}) {
+        std::vector<Link> links = LinkedList(length);
+        ExpectTheSame({vexa::RefOf(links.front())}, plain);
+        links.back().next = links.data() + length / 2;
+        ExpectTheSame({vexa::RefOf(links.front())}, plain);
+        ExpectTheSame({vexa::RefOf(links)}, plain);
+    }
 }
 
 } // namespace
