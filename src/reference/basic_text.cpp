@@ -16,6 +16,8 @@ namespace {
 /// counted.
 class CBufferSink {
 public:
+    static constexpr bool ESCAPES = true;
+
     CBufferSink(char* buffer, unsigned long& position, unsigned long capacity)
         : m_buffer(buffer), m_position(position), m_capacity(capacity)
     {
@@ -79,6 +81,8 @@ private:
 
 class CStringSink {
 public:
+    static constexpr bool ESCAPES = true;
+
     explicit CStringSink(std::string& out) : m_out(out) {}
     void Copy(const char* text, std::size_t length) { m_out.append(text, length); }
     void Escape(const char* text, std::size_t length) { core::AppendStringWithEscape(m_out, text, length); }

@@ -13,7 +13,7 @@
 
 /// \file
 /// The text of every basic type, written to a sink. A sink has
-/// - `Copy(text, length)`, and `Escape(text, length)` for the same text escaped as for JSON;
+/// - `Copy(text, length)`; if it ESCAPES, `Escape(text, length)` for the same text escaped as for JSON;
 /// - `Claim(length)`: so many bytes for the caller to write at once, or null when there is no room for them;
 /// - `Character(byte)`: one character that is not escaped;
 /// - `Digits(number)`, and `Formatted(number)` for a number that the formatting functions of the C library write;
@@ -45,17 +45,17 @@ inline std::size_t FormatTime(char* buffer, const tm& value)
 }
 
 template<class Sink>
-void WriteCharacters(Sink& sink, const char* text, std::size_t length, bool escape)
+void WriteCharacters(Sink& sink, const char* text, std::size_t length, [[maybe_unused]] bool escape)
 {
     if (length == 0) return;
-    if (escape)
-        sink.Escape(text, length);
-    else
-        sink.Copy(text, length);
+    if constexpr (Sink::ESCAPES) {
+        if (escape) return sink.Escape(text, length);
+    }
+    sink.Copy(text, length);
 }
 
 template<class Sink, class Type>
-void WriteArithmetic(Sink& sink, Type, typename Type::Type value, bool escape)
+void WriteArithmetic(Sink& sink, Type, typename Type::Type value, [[maybe_unused]] bool escape)
 {
     using namespace Enum;
     if constexpr (Type::CODE == DT_BOOL) {
@@ -64,10 +64,10 @@ void WriteArithmetic(Sink& sink, Type, typename Type::Type value, bool escape)
         else
             sink.Copy("false", 5);
     } else if constexpr (Type::CODE == DT_CHAR) {
-        if (escape)
-            sink.Escape(reinterpret_cast<const char*>(&value), 1);
-        else
-            sink.Character(static_cast<char>(value));
+        if constexpr (Sink::ESCAPES) {
+            if (escape) return sink.Escape(reinterpret_cast<const char*>(&value), 1);
+        }
+        sink.Character(static_cast<char>(value));
     } else if constexpr (Type::CODE == DT_LONG_LONG || Type::CODE == DT_UNSIGNED_LONG_LONG ||
                          std::is_floating_point_v<typename Type::Type>) {
         sink.Formatted(value);

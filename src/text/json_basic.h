@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "text/json_measure.h"
+#include "text/ready_text.h"
 
 /// \file
 /// The JSON text of basic values, into memory that has been measured for them.
@@ -13,23 +14,7 @@ namespace vexa::text {
 
 /// Bytes behind the measured room that writing may touch: blocks of 16 are written whole.
 inline constexpr unsigned long SPARE_ROOM = core::DECIMAL_ROOM;
-static_assert(SPARE_ROOM >= core::ESCAPE_SPARE);
-
-inline char* WriteText(char* at, const char* text, std::size_t length)
-{
-    std::memcpy(at, text, length);
-    return at + length;
-}
-
-/// Copies a ready-made text, up to 15 bytes behind it too.
-inline char* WriteReady(char* at, const char* text, std::size_t length)
-{
-    constexpr std::size_t BLOCK = 16;
-    std::memcpy(at, text, BLOCK);
-    for (std::size_t i = BLOCK; __builtin_expect(i < length, 0); i += BLOCK)
-        std::memcpy(at + i, text + i, BLOCK);
-    return at + length;
-}
+static_assert(SPARE_ROOM >= core::ESCAPE_SPARE && SPARE_ROOM >= READY_SPARE);
 
 /// Without a jump, which half of all values would take by surprise.
 inline char* WriteTruth(char* at, bool value)

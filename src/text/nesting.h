@@ -17,6 +17,12 @@ public:
     CNesting(const CNesting& outer, const CConstRefrence& inner) : CNesting(&outer, inner) {}
     /// The same for an object at its value address.
     CNesting(const CNesting& outer, const void* object, const CGnlTypeInfor& type) : CNesting(&outer, object, type) {}
+    /// \param outer null at the top.
+    CNesting(const CNesting* outer, const void* object, const CGnlTypeInfor& type)
+        : m_outer(outer), m_object(object), m_type(type.DetailInfor),
+          m_depth(outer != nullptr ? outer->m_depth + 1 : 1), m_isReached(IsReachedByPointer(type))
+    {
+    }
 
     bool IsEntered() const { return m_depth <= MAX_NESTING_DEPTH && !IsInsideItself(); }
 
@@ -29,11 +35,6 @@ public:
 private:
     CNesting(const CNesting* outer, const CConstRefrence& object)
         : CNesting(outer, object.ValueAddress(), object.TypeInfor)
-    {
-    }
-    CNesting(const CNesting* outer, const void* object, const CGnlTypeInfor& type)
-        : m_outer(outer), m_object(object), m_type(type.DetailInfor),
-          m_depth(outer != nullptr ? outer->m_depth + 1 : 1), m_isReached(IsReachedByPointer(type))
     {
     }
     /// Only these lead back to where the walk has come from; the entries of a group are references, that is pointers.
