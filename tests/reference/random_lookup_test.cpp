@@ -81,7 +81,7 @@ const CClassInfor& Register(CNames& names, std::size_t count, const CClassInfor*
     for (std::size_t i = 0; i < count; ++i)
         g_names.push_back(names.Name());
     g_member = member;
-    static std::deque<CClassInfor*> s_slots; // descriptors live as long as the process
+    static auto& s_slots = *new std::deque<CClassInfor*>(); // descriptors live as long as the process
     return *CClassInfor::InitClassInfor(s_slots.emplace_back(), "Random", 1000, nullptr, nullptr, &Describe);
 }
 
