@@ -83,13 +83,12 @@ inline constexpr std::size_t BLOCK = sizeof(Block);
 inline Block LoadBlock(const void* p) noexcept { return _mm_loadu_si128(static_cast<const Block*>(p)); }
 inline void StoreBlock(void* p, Block block) noexcept { _mm_storeu_si128(static_cast<Block*>(p), block); }
 
-/// Bytes of all ones where a byte lies outside the plain range. The signed comparison catches both the control bytes
-/// and the bytes from 0x80 on.
+/// Bytes of all ones where a byte lies outside the plain range. In signed bytes and one further up, what lies beyond
+/// the last plain byte is negative, and so lies below the first like the control bytes.
 inline Block OutsidePlainRange(Block block) noexcept
 {
-    static_assert(LAST_PLAIN == 0x7E, "one more byte is left below 0x80");
-    return _mm_or_si128(_mm_cmplt_epi8(block, _mm_set1_epi8(FIRST_PLAIN)),
-                        _mm_cmpeq_epi8(block, _mm_set1_epi8(LAST_PLAIN + 1)));
+    static_assert(LAST_PLAIN == 0x7E, "the byte behind it becomes the lowest signed one");
+    return _mm_cmpgt_epi8(_mm_set1_epi8(FIRST_PLAIN + 1), _mm_add_epi8(block, _mm_set1_epi8(1)));
 }
 
 inline Block NeedsEscape(Block block) noexcept
