@@ -16,7 +16,7 @@ struct CLine {
 /// Writes the first `n` bytes of a line, up to 16.
 char* WriteLine(char* at, const CLine& line, std::size_t n)
 {
-    unsigned int bits = BitsOf(NeedsEscape(LoadBlock(line.Bytes))) & ((1U << n) - 1U);
+    unsigned int bits = BitsOf(NeedsEscape(LoadBlock(line.Bytes))) & FIRST_BITS[n];
     std::size_t i = 0;
     for (; bits != 0; bits &= bits - 1U) {
         const auto next = static_cast<std::size_t>(__builtin_ctz(bits));
@@ -50,7 +50,7 @@ bool CopyPlain(char* at, const char* p, std::size_t n)
 unsigned long EscapedRoomOfLong(const std::string& text) noexcept
 {
     const std::size_t n = text.size();
-    if (n <= BLOCK) return n + ExtraOf(LoadBlock(text.data()), (1U << n) - 1U);
+    if (n <= BLOCK) return n + ExtraOf(LoadBlock(text.data()), FIRST_BITS[n]);
     unsigned long room = n;
     std::size_t i = 0;
     for (; n - i > BLOCK; i += BLOCK)

@@ -28,12 +28,24 @@ public:
     using Nesting = CNesting;
 
     /// \p out is where the text is to be written.
-    explicit CMeasuringPass(const std::string& out) : m_out(Number(out.data())), m_capacity(out.capacity()) {}
+    explicit CMeasuringPass(const std::string& out)
+        : m_string(Number(&out)), m_out(Number(out.data())), m_capacity(out.capacity())
+    {
+    }
 
     Cursor Null(Cursor at) { return at + 4; }
     Cursor Unknown(Cursor at) { return at + UNKNOWN.size(); }
     Cursor Byte(Cursor at, char) { return at + 1; }
     Cursor Key(Cursor at, const typeinfo::CRecordPlan& record) { return at + record.KeyLength; }
+    /// The keys of what is always there are counted for the whole object.
+    Cursor DirectKeys(Cursor at, const typeinfo::CPlan& plan) { return at + plan.DirectKeys(); }
+    Cursor DirectKey(Cursor at, const typeinfo::CRecordPlan&) { return at; }
+    /// A string that is always there.
+    Cursor String(Cursor at, const typeinfo::CRecordPlan&, const std::string& text)
+    {
+        if (__builtin_expect(Number(&text) == m_string, 0)) m_meetsOut = true;
+        return at + QUOTES + core::EscapedRoom(text);
+    }
     Cursor Key(Cursor at, const std::string& name, bool isFirst) { return at + name.size() + (isFirst ? 3 : 4); }
     template<class Type>
     Cursor Value(Type type, Cursor at, const void* address, bool)
@@ -75,6 +87,7 @@ public:
 private:
     static std::uintptr_t Number(const void* address) { return reinterpret_cast<std::uintptr_t>(address); }
 
+    std::uintptr_t m_string;
     std::uintptr_t m_out;
     std::size_t m_capacity;
     bool m_meetsOut = false;
@@ -95,6 +108,15 @@ public:
         return at + 1;
     }
     Cursor Key(Cursor at, const typeinfo::CRecordPlan& record) { return WriteReady(at, record.Key, record.KeyLength); }
+    Cursor DirectKeys(Cursor at, const typeinfo::CPlan&) { return at; }
+    Cursor DirectKey(Cursor at, const typeinfo::CRecordPlan& record) { return Key(at, record); }
+    Cursor String(Cursor at, const typeinfo::CRecordPlan& record, const std::string& text)
+    {
+        at = WriteReady(at, record.Key, record.KeyLength + 1UL); // with the first quotation mark
+        at = core::WriteEscaped(at, text);
+        *at = '"';
+        return at + 1;
+    }
     /// The key is taken as it is.
     Cursor Key(Cursor at, const std::string& name, bool isFirst)
     {
@@ -142,6 +164,12 @@ public:
     Cursor Key(Cursor at, const typeinfo::CRecordPlan& record)
     {
         return CWritingPass::Key(Reserve(at, record.KeyLength), record);
+    }
+    Cursor DirectKey(Cursor at, const typeinfo::CRecordPlan& record) { return Key(at, record); }
+    Cursor String(Cursor at, const typeinfo::CRecordPlan& record, const std::string& text)
+    {
+        const unsigned long room = record.KeyLength + QUOTES + core::EscapedRoom(text);
+        return CWritingPass::String(Reserve(at, room), record, text);
     }
     Cursor Key(Cursor at, const std::string& name, bool isFirst)
     {

@@ -51,8 +51,6 @@ public:
     bool IsUnsupported() const { return m_isUnsupported; }
 
 private:
-    static constexpr core::CBasicType<Enum::DT_STD_STRING, std::string> STRING_TYPE{};
-
     static bool IsNestingCode(unsigned char code)
     {
         return code == Enum::DT_CLASS || Enum::IsContainerCode(code) || code == Enum::DT_GNL_CLASS ||
@@ -180,15 +178,15 @@ private:
 
     Cursor Object(Cursor at, const typeinfo::CPlan& plan, const char* object, const Nesting& nesting)
     {
-        at = m_pass.Byte(at, '{');
+        at = m_pass.DirectKeys(m_pass.Byte(at, '{'), plan);
         for (const typeinfo::CRecordPlan& record : plan) {
             const char* const direct = object + record.ValueOffset;
             if (record.DirectCode == Enum::DT_STD_STRING) { // the most usual of all
-                at = m_pass.Value(STRING_TYPE, m_pass.Key(at, record), direct, true);
+                at = m_pass.String(at, record, *reinterpret_cast<const std::string*>(direct));
                 continue;
             }
             const bool isDone = core::VisitBasicType(record.DirectCode, [this, &at, &record, direct](auto type) {
-                at = m_pass.Value(type, m_pass.Key(at, record), direct, true);
+                at = m_pass.Value(type, m_pass.DirectKey(at, record), direct, true);
             });
             if (!isDone) at = Indirect(at, record, object, plan, nesting);
         }

@@ -54,12 +54,12 @@ CPlan::CPlan(const CClassInfor& infor)
     PlaceTexts();
 }
 
-/// Each record has `,"name":name: ` and then what may be read with it.
+/// Each record has `,"name":"name: ` and then what may be read with it.
 void CPlan::PlaceTexts()
 {
     std::size_t room = 0;
     for (const CRecordPlan& record : m_records)
-        room += 2 * record.Infor->Name.size() + 6 + CRecordPlan::SPARE;
+        room += 2 * record.Infor->Name.size() + 7 + CRecordPlan::SPARE;
     m_texts.resize(room);
     std::vector<std::string_view> names;
     char* text = m_texts.data();
@@ -73,6 +73,8 @@ void CPlan::PlaceTexts()
         text = std::copy(name.begin(), name.end(), text);
         *text++ = '"';
         *text++ = ':';
+        *text++ = '"';
+        if (record.DirectCode != 0) m_directKeys += record.KeyLength;
         record.Label = text;
         record.LabelLength = static_cast<std::uint32_t>(name.size() + 2);
         text = std::copy(name.begin(), name.end(), text);

@@ -76,7 +76,7 @@ struct CRecordPlan : CValuePlan {
     /// Bytes behind Key and Label that may be read with them.
     static constexpr std::size_t SPARE = 16;
 
-    const char* Key = nullptr;     ///< `,"name":`, without the comma for the class's first record
+    const char* Key = nullptr;     ///< `,"name":`, without the comma for the class's first record; then `"`
     const char* Label = nullptr;   ///< `name: `
     std::uint32_t KeyLength = 0;   ///< bytes of Key
     std::uint32_t LabelLength = 0; ///< bytes of Label; the name has two less
@@ -84,7 +84,7 @@ struct CRecordPlan : CValuePlan {
 
     std::string_view Name() const noexcept { return {Label, LabelLength - 2}; }
     /// `"name":`
-    std::string_view QuotedKey() const noexcept { return {Label - LabelLength - 1, LabelLength + 1}; }
+    std::string_view QuotedKey() const noexcept { return {Label - LabelLength - 2, LabelLength + 1}; }
 };
 
 /// The plan of a class.
@@ -97,6 +97,8 @@ public:
     const CRecordPlan* begin() const noexcept { return m_records.data(); }
     const CRecordPlan* end() const noexcept { return m_records.data() + m_records.size(); }
     std::size_t Size() const noexcept { return m_records.size(); }
+    /// Bytes of the keys of all basic values that are always there.
+    unsigned long DirectKeys() const noexcept { return m_directKeys; }
     /// Whether which records are visited depends on the object: then its attributes are walked plainly. Look-ups are
     /// the same.
     bool HasUnions() const noexcept { return m_hasUnions; }
@@ -115,6 +117,7 @@ private:
     std::vector<CRecordPlan> m_records; ///< in list order
     std::vector<char> m_texts;          ///< what Key and Label point into
     CNameTable m_names;
+    unsigned long m_directKeys = 0;
     bool m_hasUnions = false;
     bool m_hasQuotedNames = false;
 };
