@@ -1,5 +1,7 @@
 #include "text/json_basic.h"
 
+#include "core/value_text.h"
+
 namespace vexa::text {
 
 namespace {
@@ -8,8 +10,8 @@ char* WriteString(char* at, const std::string& text) { return WriteText(at, text
 
 } // namespace
 
-char* WriteObject(char* at, const CBinary& value) { return WriteString(at, value.AsHexString()); }
-char* WriteObject(char* at, const CNumeric& value) { return WriteString(at, value.AsString()); }
+char* WriteObject(char* at, const CBinary& value) { return core::WriteText(at, value); }
+char* WriteObject(char* at, const CNumeric& value) { return core::WriteText(at, value); }
 char* WriteObject(char* at, const tm& value) { return WriteString(at, TextOfObject(Enum::DT_TM, &value)); }
 char* WriteObject(char* at, const CDateTime& value) { return WriteString(at, TextOfObject(Enum::DT_DATETIME, &value)); }
 

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "core/value_text.h"
+
 namespace vexa::text {
 
 using namespace Enum;
@@ -96,12 +98,7 @@ unsigned long LengthOfLong(long double value) { return LengthOf(value); }
 
 unsigned long RoomOfObject(const CBinary& value) { return 3 * value.Size + 2; }
 
-unsigned long RoomOfObject(const CNumeric& value)
-{
-    if (value.State != VS_VALID) return value.AsString().size() + 2;
-    const std::size_t fraction = value.FractionDigits.empty() ? 0 : value.FractionDigits.size() + 1;
-    return (value.Negative != 0 ? 1 : 0) + value.IntegerDigits.size() + fraction + 2;
-}
+unsigned long RoomOfObject(const CNumeric& value) { return core::TextLength(value) + 2; }
 
 unsigned long RoomOfObject(const tm& value)
 {
