@@ -31,33 +31,33 @@ namespace {
 constexpr std::ptrdiff_t NEAR_RECORDS = 4;
 
 template<class T>
-const char* ReadNumberInto(const char* next, char* value)
+inline const char* ReadNumberInto(const char* next, const char* end, char* value)
 {
     const bool isNegative = *next == '-';
     unsigned long long number = 0;
-    next = ReadDigits(next + (isNegative ? 1 : 0), number);
+    next = ReadDigits(next + (isNegative ? 1 : 0), end, number);
     const auto stored = static_cast<T>(static_cast<long long>(isNegative ? 0 - number : number));
     std::memcpy(value, &stored, sizeof stored);
     return next;
 }
 
 /// Reads an integer into a number, or gives null for what is no number but a truth value.
-const char* ReadNumberOf(Operation operation, const char* next, char* value)
+const char* ReadNumberOf(Operation operation, const char* next, const char* end, char* value)
 {
     switch (static_cast<unsigned>(operation)) {
     case DT_CHAR:
-    case DT_UNSIGNED_CHAR: return ReadNumberInto<unsigned char>(next, value);
+    case DT_UNSIGNED_CHAR: return ReadNumberInto<unsigned char>(next, end, value);
     case DT_SHORT:
-    case DT_UNSIGNED_SHORT: return ReadNumberInto<unsigned short>(next, value);
+    case DT_UNSIGNED_SHORT: return ReadNumberInto<unsigned short>(next, end, value);
     case DT_INT:
-    case DT_UNSIGNED_INT: return ReadNumberInto<unsigned int>(next, value);
+    case DT_UNSIGNED_INT: return ReadNumberInto<unsigned int>(next, end, value);
     case DT_LONG:
     case DT_UNSIGNED_LONG:
     case DT_LONG_LONG:
-    case DT_UNSIGNED_LONG_LONG: return ReadNumberInto<unsigned long>(next, value);
-    case DT_FLOAT: return ReadNumberInto<float>(next, value);
-    case DT_DOUBLE: return ReadNumberInto<double>(next, value);
-    case DT_LONG_DOUBLE: return ReadNumberInto<long double>(next, value);
+    case DT_UNSIGNED_LONG_LONG: return ReadNumberInto<unsigned long>(next, end, value);
+    case DT_FLOAT: return ReadNumberInto<float>(next, end, value);
+    case DT_DOUBLE: return ReadNumberInto<double>(next, end, value);
+    case DT_LONG_DOUBLE: return ReadNumberInto<long double>(next, end, value);
     default: return nullptr;
     }
 }
@@ -137,13 +137,15 @@ inline const char* CJsonReader::ReadPlannedValue(const char* next, const CValueP
     switch (static_cast<unsigned>(value.Op)) {
     case DT_STD_STRING: return ReadPlannedString(next, *reinterpret_cast<std::string*>(place));
     case DT_INT:
-    case DT_UNSIGNED_INT: return ReadNumberInto<unsigned int>(next, place);
+    case DT_UNSIGNED_INT: return ReadNumberInto<unsigned int>(next, m_cursor.End(), place);
+    case DT_LONG:
+    case DT_UNSIGNED_LONG: return ReadNumberInto<unsigned long>(next, m_cursor.End(), place);
     case DT_BOOL: return ReadPlannedBool(next, place);
     case static_cast<unsigned>(Operation::CLASS): return ReadPlannedClass(next, value, object);
     case static_cast<unsigned>(Operation::CONTAINER): return ReadPlannedArray(next, value, object);
     default: break;
     }
-    if (const char* const behind = ReadNumberOf(value.Op, next, place)) return behind;
+    if (const char* const behind = ReadNumberOf(value.Op, next, m_cursor.End(), place)) return behind;
     return ReadPlainly(next, {*value.Type, object + value.HolderOffset}, &CJsonReader::ReadValue);
 }
 
@@ -159,7 +161,7 @@ const char* CJsonReader::ReadFlaggedValue(const char* next, const CValuePlan& va
         return ReadPlannedString(next, string);
     }
     if (isWritable) {
-        if (const char* const behind = ReadNumberOf(value.Op, next, place)) {
+        if (const char* const behind = ReadNumberOf(value.Op, next, m_cursor.End(), place)) {
             object[value.FlagOffset] = 0;
             return behind;
         }
@@ -201,8 +203,9 @@ const char* CJsonReader::ReadPlannedElements(const char* next, const CContainerP
     const CValuePlan& element = plan.Element();
     const CContainerInfor& infor = plan.Infor();
     if (element.IsPlain && element.Op == static_cast<Operation>(DT_INT)) {
+        const char* const end = m_cursor.End();
         return ReadElementsAlong(next, infor, container, [&](const char* at, char* slot) {
-            return ReadNumberInto<int>(at, slot + element.ValueOffset);
+            return ReadNumberInto<int>(at, end, slot + element.ValueOffset);
         });
     }
     return ReadElementsAlong(next, infor, container,
@@ -235,11 +238,7 @@ const char* CJsonReader::ReadPlannedString(const char* next, std::string& out)
         const char* const text = next + 1;
         const char* const stop = core::FindQuoteOrBackslash(text, m_cursor.End());
         if (stop != m_cursor.End() && *stop == '"') {
-            const auto length = static_cast<std::size_t>(stop - text);
-            if (out.empty())
-                out.assign(text, length);
-            else
-                out.append(text, length);
+            if (stop != text) out.append(text, static_cast<std::size_t>(stop - text));
             return stop + 1;
         }
     }

@@ -113,7 +113,7 @@ long long CJsonReader::ReadInteger()
 {
     const bool isNegative = m_cursor.Take('-');
     unsigned long long value = 0;
-    m_cursor.MoveTo(ReadDigits(m_cursor.Next(), value));
+    m_cursor.MoveTo(ReadDigits(m_cursor.Next(), m_cursor.End(), value));
     return static_cast<long long>(isNegative ? 0 - value : value);
 }
 

@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,36 @@ TEST(JsonReaderValue, ReadsDecimalDigitsIntoEveryNumber)
     ExpectReads<float>("-12", -12.0F);
     ExpectReads<double>("9007199254740993", 9007199254740992.0);
     ExpectReads<long double>("9223372036854775807", 9223372036854775807.0L);
+}
+
+/// Digit by digit, modulo 2 to the 64.
+unsigned long SumOf(const std::string& digits)
+{
+    unsigned long sum = 0;
+    for (const char digit : digits)
+        sum = sum * 10 + static_cast<unsigned long>(digit - '0');
+    return sum;
+}
+
+TEST(JsonReaderValue, ReadsNumbersOfAnyLengthBeforeAnyByte)
+{
+    std::mt19937_64 engine(11);
+    for (int round = 0; round < 20000; ++round) {
+        std::string digits(engine() % 28, '0');
+        for (char& digit : digits)
+            digit = static_cast<char>('0' + engine() % 10);
+        std::string behind(engine() % 12, '\0');
+        for (char& byte : behind)
+            byte = static_cast<char>(engine());
+        if (!behind.empty() && behind[0] >= '0' && behind[0] <= '9') behind[0] = ':';
+        const bool isNegative = round % 2 == 0;
+        unsigned long number = 1;
+        ASSERT_EQ(FromJson(number, " " + std::string(isNegative ? "-" : "") + digits + behind), 0);
+        ASSERT_EQ(number, isNegative ? 0 - SumOf(digits) : SumOf(digits)) << digits << '|' << behind;
+        std::vector<unsigned long> numbers;
+        ASSERT_EQ(FromJson(numbers, "[" + digits + ",7]"), 0);
+        ASSERT_EQ(numbers, (std::vector<unsigned long>{SumOf(digits), 7})) << digits;
+    }
 }
 
 TEST(JsonReaderValue, NarrowsNumbersWithoutARangeCheck)
