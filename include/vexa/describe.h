@@ -26,7 +26,22 @@
 /// Describes a class by its members, in order, up to 1000 of them. At namespace scope, in the class's own namespace. A
 /// class without members to describe takes VEXA_DESCRIBE_CLASS with empty braces.
 #define VEXA_DESCRIBE(Type, ...)                                                                                       \
-    VEXA_DESCRIBE_CLASS(Type) { VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_MEMBER, Type, __VA_ARGS__) }
+    VEXA_DESCRIBE_CLASS(Type)                                                                                          \
+    {                                                                                                                  \
+        VEXA_DETAIL_QUIET_OFFSETS                                                                                      \
+        about.Members<void VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_DECLARED, Type, __VA_ARGS__)>(                             \
+            [](auto* vexaObject, ::vexa::detail::CDescriptionBase& vexaAbout) __attribute__((always_inline))           \
+                ->decltype(::vexa::detail::AreReachable(vexaObject VEXA_DETAIL_FOR_EACH(                               \
+                    VEXA_DETAIL_POINTER, std::remove_pointer_t<decltype(vexaObject)>, __VA_ARGS__))) {                 \
+                    using VexaType = std::remove_pointer_t<decltype(vexaObject)>;                                      \
+                    constexpr ::vexa::detail::CTypeSource VEXA_MEMBERS[] = {                                           \
+                        VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_RECORD, VexaType, __VA_ARGS__)};                              \
+                    ::vexa::detail::AddMembers(vexaAbout, VEXA_MEMBERS, sizeof VEXA_MEMBERS / sizeof VEXA_MEMBERS[0],  \
+                                               VEXA_DETAIL_TEXT(__VA_ARGS__));                                         \
+                    return {};                                                                                         \
+                });                                                                                                    \
+        VEXA_DETAIL_QUIET_END                                                                                          \
+    }
 
 /// Describes a class in full: the braces that follow hold calls on `about`, a vexa::CDescription of the class.
 #define VEXA_DESCRIBE_CLASS(Type)                                                                                      \
@@ -61,10 +76,15 @@
 
 #define VEXA_DETAIL_JOIN(left, right) left##right
 #define VEXA_DETAIL_UNIQUE(name, number) VEXA_DETAIL_JOIN(name, number)
-#define VEXA_DETAIL_MEMBER(Type, member)                                                                               \
-    about.Member<decltype(Type::member)>(#member, [](auto* type) -> decltype(&std::decay_t<decltype(*type)>::member) { \
-        return &std::decay_t<decltype(*type)>::member;                                                                 \
-    });
+#define VEXA_DETAIL_TEXT(...) #__VA_ARGS__
+#define VEXA_DETAIL_DECLARED(Type, member) , decltype(Type::member)
+#define VEXA_DETAIL_POINTER(Type, member) , &Type::member
+#define VEXA_DETAIL_RECORD(Type, member)                                                                               \
+    ::vexa::detail::RecordOf<decltype(Type::member)>(__builtin_offsetof(Type, member)),
+// GCC and Clang know where a member lies, whatever the class's layout.
+#define VEXA_DETAIL_QUIET_OFFSETS                                                                                      \
+    _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Winvalid-offsetof\"")
+#define VEXA_DETAIL_QUIET_END _Pragma("GCC diagnostic pop")
 
 namespace vexa {
 

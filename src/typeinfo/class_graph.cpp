@@ -35,7 +35,7 @@ void CSurvey::Add(const CTypeSource& type, bool isByValue)
     if (type.Detail->Form == SlotForm::CLASS)
         Named.push_back({static_cast<CClassSlot*>(type.Detail), isByValue});
     else if (type.Detail->Form == SlotForm::CONTAINER)
-        Add(static_cast<const CContainerSlot*>(type.Detail)->Element, false);
+        Add(static_cast<const CContainerSlot*>(type.Detail)->Record.Element, false);
 }
 
 void AddToSurvey(CSurvey& survey, const CTypeSource& type, bool isByValue) { survey.Add(type, isByValue); }

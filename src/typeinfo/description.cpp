@@ -3,11 +3,14 @@
 
 #include <vexa/detail/description.h>
 
+#include <cstring>
 #include <iterator>
 #include <limits>
 #include <map>
 #include <memory>
+#include <string>
 
+#include <vexa/detail/vector.h>
 #include <vexa/helper.h>
 
 #include "typeinfo/class_graph.h"
@@ -41,12 +44,25 @@ void Make(CClassSlot& slot)
     made.Mark.Set(CFinishedMark::CLASS);
 }
 
+/// What the headers take for granted where they know the standard library by name.
+void CheckVectorLayout()
+{
+    if (IsVectorLayoutKnown()) return;
+    ::___Coredump_due_to_assertion_failure___("a std::vector is three pointers", __FILE__, __LINE__, __func__);
+}
+
 void Make(CContainerSlot& slot)
 {
+    const CContainerRecord& record = slot.Record;
     auto& made = FillWith(slot, std::make_unique<typeinfo::CFinishedContainer>());
-    slot.Describe(made);
-    made.ElementType = MakeTypeInfor(slot.Element);
+    made.SetBaseTypeInfor(record.Name, record.Size, record.Factory, record.Deleter, 0);
+    made.Append = record.Append;
+    made.Clear = record.Clear;
+    record.Fill(made);
+    made.ElementType = MakeTypeInfor(record.Element);
+    if (record.Form == CFinishedMark::VECTOR) CheckVectorLayout();
     made.Mark.Set(CFinishedMark::CONTAINER);
+    if (record.Form != 0) made.Mark.Set(record.Form, record.Stride);
 }
 
 void Make(CCustomSlot& slot)
@@ -154,8 +170,20 @@ void Inherit(CClassInfor& derived, unsigned long offset, const CClassInfor& base
 
 void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset)
 {
-    if (m_survey != nullptr) return AddToSurvey(*m_survey, {Enum::DT_CLASS, 0, 0, 0, &base}, true);
+    if (m_survey != nullptr) return AddToSurvey(*m_survey, {Enum::DT_CLASS, 0, 0, 0, 0, &base}, true);
     Inherit(*m_class, offset, DescriptorOf<CClassInfor>(base));
+}
+
+void AddMembers(CDescriptionBase& about, const CTypeSource* members, unsigned long count, const char* names)
+{
+    std::string name;
+    for (unsigned long i = 0; i < count; ++i) {
+        names += std::strspn(names, ", ");
+        const std::size_t length = std::strcspn(names, ", ");
+        name.assign(names, length);
+        names += length;
+        about.AddAttrib(name.c_str(), members[i].Offset, members[i]);
+    }
 }
 
 CAttribDescription CDescriptionBase::AddAttrib(const char* name, unsigned long offset, const CTypeSource& type)

@@ -38,6 +38,27 @@ unsigned long OffsetOf(Member Class::*member)
 template<class T>
 CClassSlot& ClassSlotOf();
 
+/// Whether each of these designates a member of T or of a base at a fixed place.
+template<class T, class Pointer>
+inline constexpr bool IS_REACHABLE_MEMBER = false;
+template<class T, class M, class C>
+inline constexpr bool IS_REACHABLE_MEMBER<T, M C::*> = std::is_same_v<C, T> || IS_FIXED_BASE<C, T>;
+
+template<class T, class... M>
+std::true_type AreReachable(T*, M T::*...);
+template<class T, class... Pointers>
+std::bool_constant<(IS_REACHABLE_MEMBER<T, Pointers> && ...)> AreReachable(T*, Pointers...);
+
+/// The record of one member of VEXA_DESCRIBE.
+template<class M>
+constexpr CTypeSource RecordOf(std::size_t offset)
+{
+    CTypeSource record = TYPE_SOURCE<M>;
+    // What does not fit is as far beyond the reach of an attribute's offset as the farthest that does.
+    record.Offset = static_cast<unsigned int>(offset < 0xFFFFFFFF ? offset : 0xFFFFFFFF);
+    return record;
+}
+
 } // namespace detail
 
 /// What a description is written with.
@@ -71,16 +92,21 @@ public:
             return {nullptr, nullptr};
         }
     }
-    /// One member of VEXA_DESCRIBE; \p pointer gives the pointer to it, where there can be one.
-    template<class Declared, class Pointer>
-    void Member(const char* name, Pointer pointer)
+    /// The members of VEXA_DESCRIBE, which are declared with these types, behind a void; \p list adds them. It can be
+    /// called where there are pointers to all of them.
+    template<class, class... Declared, class List>
+    void Members(List list)
     {
-        constexpr bool IS_ADDRESSABLE = std::is_invocable_v<Pointer, T*>;
-        static_assert(!std::is_reference_v<Declared>,
-                      "a reference member cannot be described: make it a pointer or a value");
-        static_assert(std::is_reference_v<Declared> || IS_ADDRESSABLE,
+        constexpr bool IS_ANY_REFERENCE = (std::is_reference_v<Declared> || ...);
+        constexpr bool IS_ADDRESSABLE = std::is_invocable_v<List, T*, CDescriptionBase&>;
+        static_assert(!IS_ANY_REFERENCE, "a reference member cannot be described: make it a pointer or a value");
+        static_assert(IS_ANY_REFERENCE || IS_ADDRESSABLE,
                       "a bit-field cannot be described: make it a member of its full type");
-        if constexpr (IS_ADDRESSABLE) Attrib(name, pointer(static_cast<T*>(nullptr)));
+        if constexpr (IS_ADDRESSABLE) {
+            constexpr bool IS_REACHABLE = std::invoke_result_t<List, T*, CDescriptionBase&>::value;
+            static_assert(IS_REACHABLE, VEXA_DETAIL_FIXED_BASE_TEXT);
+            if constexpr (IS_REACHABLE) list(static_cast<T*>(nullptr), *this);
+        }
     }
 };
 

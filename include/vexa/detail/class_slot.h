@@ -62,11 +62,14 @@ constexpr const char* ClassNameOf()
 }
 
 template<class T>
-inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), sizeof(T), &MakeObject<T>, &DestroyObject<T>,
-                             [](CDescriptionBase& base) {
-                                 CDescription<T> about(base);
-                                 DescribeTo(about);
-                             }};
+void Describe(CDescriptionBase& base)
+{
+    CDescription<T> about(base);
+    DescribeTo(about);
+}
+
+template<class T>
+inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), sizeof(T), &MakeObject<T>, &DestroyObject<T>, &Describe<T>};
 
 template<class T>
 CClassSlot& ClassSlotOf()
@@ -190,31 +193,56 @@ constexpr CTypeSource MakeElementSource()
 template<class Container>
 inline constexpr CTypeSource ELEMENT_SOURCE = MakeElementSource<Container>();
 template<std::size_t SIZE>
-inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSET_NODE, 0, 0, 0, nullptr};
+inline constexpr CTypeSource ELEMENT_SOURCE<std::bitset<SIZE>> = {Enum::DT_BITSET_NODE, 0, 0, 0, 0, nullptr};
 
-/// Tells the library where a container keeps its elements, so that it walks them without the container's operations.
+/// A std::array may be empty, and then has no slot of the size of an element.
+template<class Array>
+inline constexpr bool HAS_SLOTS = true;
+template<class T>
+inline constexpr bool HAS_SLOTS<std::array<T, 0>> = false;
+
+/// By what form the elements can be reached without operations, and their stride.
 template<class Container>
-void MarkElements(CContainerInfor& infor)
+constexpr unsigned int FormOf()
 {
-    if constexpr (std::is_array_v<Container>) {
-        infor.Mark.Set(CFinishedMark::SLOTS, sizeof(ElementOf<Container>));
-    } else if constexpr (IS_STD_ARRAY<Container>) {
-        if constexpr (std::tuple_size_v<Container> != 0)
-            infor.Mark.Set(CFinishedMark::SLOTS, sizeof(ElementOf<Container>));
-    } else if constexpr (IS_SPECIALIZATION<Container, std::vector>) {
-        if constexpr (std::is_same_v<Container, std::vector<typename Container::value_type>>)
-            infor.Mark.Set(CFinishedMark::VECTOR, sizeof(typename Container::value_type));
-    }
+    if constexpr (CKind<Container>::CODE == Enum::DT_ARRAY)
+        return HAS_SLOTS<Container> ? CFinishedMark::SLOTS : 0;
+    else
+        return IS_KNOWN_VECTOR<Container> ? CFinishedMark::VECTOR : 0;
+}
+template<class Container>
+constexpr unsigned int StrideOf()
+{
+    if constexpr (FormOf<Container>() != 0)
+        return static_cast<unsigned int>(sizeof(typename CElementOf<Container>::Type));
+    else
+        return 0;
 }
 
 template<class Container>
-inline CContainerSlot CONTAINER_SLOT{[](CContainerInfor& infor) {
-                                         infor.SetBaseTypeInfor(CKind<Container>::NAME, sizeof(Container),
-                                                                &MakeObject<Container>, &DestroyObject<Container>, 0);
-                                         CKind<Container>::Fill(infor);
-                                         MarkElements<Container>(infor);
-                                     },
-                                     ELEMENT_SOURCE<Container>};
+constexpr CContainerRecord MakeContainerRecord()
+{
+    using Kind = CKind<Container>;
+    CContainerRecord record{
+        Kind::NAME, sizeof(Container), FormOf<Container>(),      StrideOf<Container>(), nullptr, nullptr, nullptr,
+        nullptr,    nullptr,           ELEMENT_SOURCE<Container>};
+    if constexpr (CVectorTrait<Container>::IS_POSSIBLE) {
+        using Operations = CVectorOperations<Container>;
+        record.Factory = &NewVector;
+        record.Deleter = &Operations::Delete;
+        record.Append = &Operations::Append;
+        record.Clear = &Operations::Clear;
+        record.Fill = &FillVectorWalk<Operations::SIZE>;
+    } else {
+        record.Factory = &MakeObject<Container>;
+        record.Deleter = &DestroyObject<Container>;
+        record.Fill = &Kind::Fill;
+    }
+    return record;
+}
+
+template<class Container>
+inline CContainerSlot CONTAINER_SLOT{MakeContainerRecord<Container>()};
 
 /// Where the details of a kind of value are: those of a class, a container or a custom type.
 template<class T>
@@ -234,7 +262,7 @@ constexpr CSlot* DetailSlotOf()
 /// Describes a class when the file that holds its description is initialised.
 template<class T>
 struct CDescribedAtStart {
-    CDescribedAtStart() { DescriptorOf<CClassInfor>(CLASS_SLOT<T>); }
+    CDescribedAtStart() { Build(CLASS_SLOT<T>); }
 };
 
 } // namespace vexa::detail

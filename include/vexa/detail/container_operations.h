@@ -5,11 +5,14 @@
 #include <cstddef>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include <vexa/container_infor.h>
 #include <vexa/detail/type_traits.h>
+#include <vexa/detail/vector.h>
 #include <vexa/refrence.h>
 
 /// \file
@@ -116,6 +119,62 @@ struct CSequenceOperations {
             };
         }
     }
+};
+
+/// Whether a container is a std::vector that lies in memory as detail/vector.h says.
+template<class Container>
+inline constexpr bool IS_KNOWN_VECTOR = false;
+#if defined(__GLIBCXX__) && !defined(_GLIBCXX_DEBUG) && !defined(_GLIBCXX_SANITIZE_VECTOR)
+template<class T>
+inline constexpr bool IS_KNOWN_VECTOR<std::vector<T>> = sizeof(std::vector<T>) == 3 * sizeof(void*);
+#endif
+
+/// Whether default elements are zero bytes and move as bytes.
+template<class T>
+inline constexpr bool IS_PLAIN_BYTES = std::is_scalar_v<T> && !std::is_member_pointer_v<T>;
+
+template<class T>
+void ManageElement(ElementTask task, void* to, void* from)
+{
+    switch (task) {
+    case ElementTask::CONSTRUCT: ::new (to) T(); break;
+    case ElementTask::MOVE:
+        ::new (to) T(std::move(*static_cast<T*>(from)));
+        static_cast<T*>(from)->~T();
+        break;
+    case ElementTask::DESTROY: static_cast<T*>(to)->~T(); break;
+    }
+}
+
+/// The vectors whose elements the common functions can handle; the others go through their own members.
+template<class Container>
+struct CVectorOperations {
+    using T = typename Container::value_type;
+    static constexpr unsigned long SIZE = sizeof(T);
+    static constexpr bool CAN_APPEND = std::is_default_constructible_v<T> && std::is_nothrow_move_constructible_v<T>;
+    static constexpr bool IS_POSSIBLE = CAN_APPEND && !HOLDS_RAW_POINTERS<Container> &&
+                                        std::is_nothrow_destructible_v<T> &&
+                                        alignof(T) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__;
+
+    static constexpr ManageFunction Manage()
+    {
+        if constexpr (IS_PLAIN_BYTES<T>)
+            return nullptr;
+        else
+            return &ManageElement<T>;
+    }
+    static void* Append(void* vector) { return AppendToVector(vector, SIZE, Manage()); }
+    static void Clear(void* vector) { ClearVector(vector, SIZE, Manage()); }
+    static void Delete(void* vector) { DeleteVector(vector, SIZE, Manage()); }
+};
+
+/// Asked of every container.
+template<class Container, bool = IS_KNOWN_VECTOR<Container>>
+struct CVectorTrait {
+    static constexpr bool IS_POSSIBLE = false;
+};
+template<class Container>
+struct CVectorTrait<Container, true> : CVectorOperations<Container> {
 };
 
 template<class Container>

@@ -37,6 +37,9 @@ namespace detail {
 /// Receives the classes that a description names.
 class CSurvey;
 
+/// Adds the members with these names, which stand in one text, separated by commas.
+VEXA_API void AddMembers(CDescriptionBase& about, const CTypeSource* members, unsigned long count, const char* names);
+
 /// Tells a survey of the class that a type leads to, if any.
 void AddToSurvey(CSurvey& survey, const CTypeSource& type, bool isByValue);
 
@@ -50,6 +53,8 @@ public:
     CDescriptionBase& operator=(const CDescriptionBase&) = delete;
 
 protected:
+    friend void AddMembers(CDescriptionBase& about, const CTypeSource* members, unsigned long count, const char* names);
+
     CDescriptionBase(const CDescriptionBase&) = default;
 
     void AddBase(CClassSlot& base, unsigned long offset);

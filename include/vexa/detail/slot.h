@@ -49,7 +49,8 @@ struct CTypeSource {
     unsigned char HoldingFlags;
     unsigned char NullFlagOffset;
     unsigned char ValueOffset;
-    CSlot* Detail; ///< null for a type without detailed descriptor
+    unsigned int Offset; ///< of a member: bytes from the object; 0 for a type by itself
+    CSlot* Detail;       ///< null for a type without detailed descriptor
 };
 
 VEXA_API CGnlTypeInfor MakeTypeInfor(const CTypeSource& source);
@@ -69,14 +70,27 @@ struct CClassSlot : CSlot {
     void (*Describe)(CDescriptionBase&); ///< of a CDescription of the class
 };
 
+/// Everything that the library must know of a container type to describe it.
+struct CContainerRecord {
+    const char* Name;
+    unsigned int Size;
+    unsigned int Form;   ///< CFinishedMark::VECTOR, SLOTS or none
+    unsigned int Stride; ///< bytes from one element to the next, where there is a form
+    void* (*Factory)();
+    void (*Deleter)(void*);
+    CContainerInfor::AppendFunction Append; ///< null where Fill sets it, or where there is none; Clear likewise
+    CContainerInfor::ClearFunction Clear;
+    void (*Fill)(CContainerInfor&); ///< sets the other operations
+    CTypeSource Element;
+};
+
 struct CContainerSlot : CSlot {
-    constexpr CContainerSlot(void (*describe)(CContainerInfor&), const CTypeSource& element) noexcept
-        : CSlot(SlotForm::CONTAINER), Describe(describe), Element(element)
+    constexpr explicit CContainerSlot(const CContainerRecord& record) noexcept
+        : CSlot(SlotForm::CONTAINER), Record(record)
     {
     }
 
-    void (*Describe)(CContainerInfor&); ///< fills everything but the element type
-    CTypeSource Element;
+    CContainerRecord Record;
 };
 
 struct CCustomSlot : CSlot {

@@ -125,7 +125,10 @@ constexpr CTypeSource MakeTypeSource()
         using Holding = CHolding<T>;
         using Value = typename Holding::Value;
         return {static_cast<unsigned char>(IS_TEXT_POINTER<T> ? Enum::DT_CONST_CHAR_PTR : CKind<Value>::CODE),
-                static_cast<unsigned char>(Holding::FLAGS), 0, static_cast<unsigned char>(Holding::VALUE_OFFSET),
+                static_cast<unsigned char>(Holding::FLAGS),
+                0,
+                static_cast<unsigned char>(Holding::VALUE_OFFSET),
+                0,
                 DetailSlotOf<Value>()};
     } else {
         return {};
