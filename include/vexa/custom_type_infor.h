@@ -12,8 +12,8 @@ class CValue;
 /// Describes a custom basic type: an application type that is handled as one basic value.
 ///
 /// The Std variant wraps one standard value, which is read and written in place. The Any variant names an underlying
-/// standard type of the same layout, or none (code 0): then its text and its JSON go through its converters, never
-/// through its bytes.
+/// standard type of the same layout, or none (code 0): then its text and the JSON that is written go through its
+/// converters, never through its bytes. FromJson reads a custom value only where its standard type is std::string.
 ///
 /// Built once under the global lock and only read afterwards. Set the converters before the descriptor is first used.
 class VEXA_API CCustomBasicTypeInfor : public CTypeInforBase {

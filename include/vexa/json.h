@@ -23,21 +23,21 @@ namespace vexa {
 /// itself through pointers. After 262 \p out has the length that was measured, which is 0 for a kind that cannot be
 /// written; after 999 it is empty. A null, vexa::NullType included, gives an empty text and 0.
 ///
-/// The memory of \p out is used again where it suffices. \p ref must not change meanwhile; \p out may be part of it, and
-/// texts in it may point into \p out: then, and where a converter or a container operation of the application's own is
-/// asked, a string of its own is written and swapped in. Throws std::bad_alloc; \p out then holds anything.
+/// The memory of \p out is used again where it suffices. \p ref must not change meanwhile; \p out may be part of it,
+/// and texts in it may point into \p out: then, and where a converter or a container operation of the application's own
+/// is asked, a string of its own is written and swapped in. Throws std::bad_alloc; \p out then holds anything.
 VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 
 /// Reads JSON text into \p target, which is cleared first; an empty text leaves it cleared. Bytes after the value are
 /// ignored.
 ///
-/// Of numbers an optional minus and decimal digits are read. Keys that the class does not have are errors. A key that
-/// comes again finds what it left: texts and containers are appended to. What a null kept (a MayNull below its flag) is
-/// emptied before it is read. \p text must not be part of \p target. \return 0, or a code that names the point of
-/// failure, see JsonResultText; of the library's own are 997, where there is no value to read into (a pointee or an
-/// element that cannot be made, a container without the operation that takes elements, a union whose member cannot be
-/// made or destroyed in place), 998 (see below), and 999, where the text nests deeper than MAX_NESTING_DEPTH. What was
-/// read before stays in \p target.
+/// Of numbers an optional minus and decimal digits are read; of custom values those over a std::string. Keys that the
+/// class does not have are errors. A key that comes again finds what it left: texts and containers are appended to.
+/// What a null kept (a MayNull below its flag) is emptied before it is read. \p text must not be part of \p target.
+/// \return 0, or a code that names the point of failure, see JsonResultText; of the library's own are 997, where there
+/// is no value to read into (a pointee or an element that cannot be made, a container without the operation that takes
+/// elements, a union whose member cannot be made or destroyed in place), 998 (see below), and 999, where the text nests
+/// deeper than MAX_NESTING_DEPTH. What was read before stays in \p target.
 ///
 /// Text does not choose an address: where any member of a union holds a pointer or needs a destructor, also deep
 /// inside, its members are read only while they are the active ones, else 998. When the text, or the clearing before

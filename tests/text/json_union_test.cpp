@@ -258,17 +258,19 @@ TEST(JsonUnion, IsFollowedThroughBasesOfBases)
 }
 
 /// Structs in a union whose members are described one by one: several members are active at once.
+struct SizedName {
+    int size;
+    std::string* name;
+};
+struct TwoWords {
+    long low;
+    long high;
+};
 struct Anonymous {
     std::unique_ptr<int> kind;
     union {
-        struct {
-            int size;
-            std::string* name;
-        } pair;
-        struct {
-            long low;
-            long high;
-        } words;
+        SizedName pair;
+        TwoWords words;
     };
     Anonymous() : words{0, 0} {}
     ~Anonymous()
