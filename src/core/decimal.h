@@ -81,84 +81,73 @@ unsigned int DecimalLength(T value) noexcept
     return DigitCount(Magnitude(value)) + (value < T() ? 1U : 0U);
 }
 
-/// The eight digits of a value below 100,000,000, with leading zeros, the first in the lowest byte; to each the
-/// character '0' is yet to be added. All at once: the halves, the pairs, then the digits of each are split side by
-/// side, where `high | (all - high * n) << bits` is `(all << bits) - high * ((n << bits) - 1)`.
-inline std::uint64_t EightDigits(std::uint64_t value) noexcept
-{
-    const std::uint64_t high = (value * 3518437209U) >> 45U; // a ten-thousandth
-    const std::uint64_t halves = (value << 32U) - high * ((std::uint64_t{10000} << 32U) - 1U);
-    const std::uint64_t hundreds = (halves * 10486U >> 20U) & 0x0000007F0000007FU;
-    const std::uint64_t pairs = (halves << 16U) - hundreds * ((100U << 16U) - 1U);
-    const std::uint64_t tens = (pairs * 103U >> 10U) & 0x000F000F000F000FU;
-    return (pairs << 8U) - tens * ((10U << 8U) - 1U);
-}
-
-inline constexpr std::uint64_t EIGHT_ZEROS = 0x3030303030303030;
-inline constexpr std::uint64_t EIGHT_DIGITS_END = 100000000;
-
-/// Room for the text of any integer, and for what is written beyond a short one.
-inline constexpr std::size_t DECIMAL_ROOM = 24;
-
-inline char* WriteEightDigits(char* at, std::uint64_t value) noexcept
-{
-    const std::uint64_t digits = EightDigits(value) | EIGHT_ZEROS;
-    std::memcpy(at, &digits, sizeof digits);
-    return at + 8;
-}
-
-/// Two digits for each value below 100; in the second half without a leading zero.
+/// Two digits for each value below 100.
 struct CDigitPairs {
     char Pairs[100][2];
-    char Leading[100][2];
 };
 
 constexpr CDigitPairs MakeDigitPairs()
 {
     CDigitPairs digits{};
     for (unsigned int value = 0; value < 100; ++value) {
-        const char tens = static_cast<char>('0' + value / 10);
-        const char ones = static_cast<char>('0' + value % 10);
-        digits.Pairs[value][0] = tens;
-        digits.Pairs[value][1] = ones;
-        digits.Leading[value][0] = value < 10 ? ones : tens;
-        digits.Leading[value][1] = ones;
+        digits.Pairs[value][0] = static_cast<char>('0' + value / 10);
+        digits.Pairs[value][1] = static_cast<char>('0' + value % 10);
     }
     return digits;
 }
 
 inline constexpr CDigitPairs DIGIT_PAIRS = MakeDigitPairs();
 
-/// Writes the one or two digits of a value below 100.
-inline char* WriteLeading(char* at, std::uint64_t value) noexcept
-{
-    std::memcpy(at, DIGIT_PAIRS.Leading[value], 2);
-    return at + (value < 10 ? 1 : 2);
-}
+/// Bits behind the point of a number that is split into pairs of digits: as many as leave room for a pair before it.
+inline constexpr unsigned int FRACTION_BITS = 57;
 
-/// The whole part of \p fixed, whose lower 32 bits are a fraction, is below 100. Writes its digits and those of so many
-/// pairs behind the point.
-template<int PAIRS>
-__attribute__((always_inline)) inline char* WritePairs(char* at, std::uint64_t fixed) noexcept
+/// By what a value of so many digits, up to 8, is multiplied to have two of them before the point. Rounded up, by less
+/// than what makes a difference in the eighth digit.
+constexpr std::array<std::uint64_t, 9> MakeScales()
 {
-    at = WriteLeading(at, fixed >> 32U);
-    for (int i = 0; i < PAIRS; ++i, at += 2) {
-        fixed = (fixed & 0xFFFFFFFFU) * 100U;
-        std::memcpy(at, DIGIT_PAIRS.Pairs[fixed >> 32U], 2);
+    constexpr std::uint64_t ONE = std::uint64_t{1} << FRACTION_BITS;
+    std::array<std::uint64_t, 9> scales{0, 10 * ONE, ONE};
+    std::uint64_t divisor = 1;
+    for (std::size_t digits = 3; digits <= 8; ++digits) {
+        divisor *= 10;
+        scales[digits] = ONE / divisor + 1;
     }
-    return at;
+    return scales;
 }
 
-/// Writes a value below 100,000,000, and up to 9 bytes: as a fraction of a power of a hundred, from which two digits
-/// are split off by each multiplication. The inverse powers are rounded up, little enough for values below the stated
-/// ends. \return the end of its digits.
+inline constexpr std::array<std::uint64_t, 9> SCALES = MakeScales();
+
+/// Writes so many pairs of digits of a value that has been scaled: each multiplication brings the next before the
+/// point.
+template<int PAIRS>
+__attribute__((always_inline)) inline void WritePairs(char* at, std::uint64_t scaled) noexcept
+{
+    constexpr std::uint64_t FRACTION = (std::uint64_t{1} << FRACTION_BITS) - 1;
+    for (int i = 0; i < PAIRS; ++i) {
+        std::memcpy(at + 2 * i, DIGIT_PAIRS.Pairs[scaled >> FRACTION_BITS], 2);
+        scaled = (scaled & FRACTION) * 100U;
+    }
+}
+
+inline constexpr std::uint64_t EIGHT_DIGITS_END = 100000000;
+
+/// Room for the text of any integer, and for what is written beyond a short one.
+inline constexpr std::size_t DECIMAL_ROOM = 24;
+
+/// Writes the eight digits of a value below 100,000,000, leading zeros too.
+inline char* WriteEightDigits(char* at, std::uint64_t value) noexcept
+{
+    WritePairs<4>(at, value * SCALES[8]);
+    return at + 8;
+}
+
+/// Writes a value below 100,000,000, always 8 bytes: what is written does not depend on the number of digits, which is
+/// hard to foretell, and only the end does. \return the end of its digits.
 __attribute__((always_inline)) inline char* WriteUpToEightDigits(char* at, std::uint64_t value) noexcept
 {
-    constexpr std::uint64_t ONE = std::uint64_t{1} << 32U;
-    if (value < 100) return WriteLeading(at, value);
-    if (value < 10000) return WritePairs<1>(at, value * (ONE / 100 + 1));
-    if (value < 1000000) return WritePairs<2>(at, value * (ONE / 10000 + 1));
-    return WritePairs<3>(at, value * ((ONE << 16U) / 1000000 + 1) >> 16U);
+    const unsigned int count = DigitCount(static_cast<std::uint32_t>(value));
+    WritePairs<4>(at, value * SCALES[count]);
+    return at + count;
 }
 
 /// Writes a value from 100,000,000 on, up to 20 bytes. \return the end of its digits.

@@ -29,10 +29,10 @@ inline constexpr CControlEscape CONTROL_ESCAPED[] = {{'\b', 'b'}, {'\f', 'f'}, {
 
 constexpr bool IsInPlainRange(unsigned char byte) { return byte >= FIRST_PLAIN && byte <= LAST_PLAIN; }
 
-/// How one byte is escaped.
+/// How one byte is written.
 struct CEscape {
-    char Text[7];         ///< the sequence, then zeros: up to 8 bytes may be copied from here
-    unsigned char Length; ///< 0 for a byte that stands for itself
+    char Text[7];         ///< the byte itself or its sequence, then zeros: 8 bytes may be copied from here
+    unsigned char Length; ///< 1 for a byte that stands for itself
 };
 
 constexpr std::array<CEscape, 256> MakeEscapes()
@@ -40,6 +40,7 @@ constexpr std::array<CEscape, 256> MakeEscapes()
     constexpr char DIGITS[] = "0123456789abcdef";
     std::array<CEscape, 256> escapes{};
     for (std::size_t byte = 0; byte < escapes.size(); ++byte) {
+        escapes[byte] = {{static_cast<char>(byte)}, 1};
         if (!IsInPlainRange(static_cast<unsigned char>(byte)))
             escapes[byte] = {{'\\', 'u', '0', '0', DIGITS[byte >> 4U], DIGITS[byte & 0x0FU]}, 6};
     }
@@ -103,18 +104,28 @@ inline Block NeedsEscape(Block block) noexcept
 /// One bit for each of the 16 bytes, the lowest for the first.
 inline unsigned int BitsOf(Block hits) noexcept { return static_cast<unsigned int>(_mm_movemask_epi8(hits)); }
 
-/// What the bytes of a block count beyond themselves; of those that `isCounted` has a bit for.
-inline unsigned long ExtraOf(Block block, unsigned int isCounted)
-{
-    const unsigned int escaped = BitsOf(NeedsEscape(block)) & isCounted;
-    if (escaped == 0) return 0;
-    const unsigned int outside = BitsOf(OutsidePlainRange(block)) & isCounted;
-    static_assert(EscapeExtra(FIRST_PLAIN) == 1 && EscapeExtra(FIRST_PLAIN - 1) == 5);
-    return static_cast<unsigned long>(__builtin_popcount(escaped)) +
-           4 * static_cast<unsigned long>(__builtin_popcount(outside));
-}
+/// All ones in the first or the last `n` of 16 bytes.
+inline constexpr struct CByteMasks {
+    unsigned char Bytes[3 * BLOCK];
+} BYTE_MASKS = [] {
+    CByteMasks masks{};
+    for (std::size_t i = BLOCK; i < 2 * BLOCK; ++i)
+        masks.Bytes[i] = 0xFF;
+    return masks;
+}();
+inline Block FirstBytes(std::size_t n) noexcept { return LoadBlock(BYTE_MASKS.Bytes + 2 * BLOCK - n); }
+inline Block LastBytes(std::size_t n) noexcept { return LoadBlock(BYTE_MASKS.Bytes + n); }
 
-inline constexpr unsigned int ALL_BYTES = 0xFFFF;
+/// What the bytes of a block count beyond themselves; of those that are all ones in `counted`.
+inline unsigned long ExtraOf(Block block, Block counted)
+{
+    static_assert(EscapeExtra(FIRST_PLAIN) == 1 && EscapeExtra(FIRST_PLAIN - 1) == 1 + 4);
+    const Block ones = _mm_and_si128(NeedsEscape(block), _mm_set1_epi8(1));
+    const Block fours = _mm_and_si128(OutsidePlainRange(block), _mm_set1_epi8(4));
+    const Block extra = _mm_and_si128(_mm_add_epi8(ones, fours), counted);
+    const Block halves = _mm_sad_epu8(extra, _mm_setzero_si128());
+    return static_cast<unsigned long>(_mm_cvtsi128_si32(halves) + _mm_extract_epi16(halves, 4));
+}
 #endif
 
 /// Index of the first of `n` bytes at `p` that JSON text must not hold as it is, or `n`. Looks at 16 or 8 bytes at a
@@ -130,7 +141,7 @@ inline std::size_t FindByteToEscape(const unsigned char* p, std::size_t n) noexc
 #endif
     while (n - i >= 8 && !WordNeedsEscape(p + i))
         i += 8;
-    while (i < n && ESCAPES[p[i]].Length == 0)
+    while (i < n && ESCAPES[p[i]].Length == 1)
         ++i;
     return i;
 }
@@ -144,7 +155,7 @@ inline unsigned long EscapedRoom(const char* p, std::size_t n) noexcept
     std::size_t i = 0;
 #ifdef __SSE2__
     for (; n - i >= BLOCK; i += BLOCK)
-        room += ExtraOf(LoadBlock(p + i), ALL_BYTES);
+        room += ExtraOf(LoadBlock(p + i), FirstBytes(BLOCK));
 #endif
     for (i += FindByteToEscape(bytes + i, n - i); i < n; i += 1 + FindByteToEscape(bytes + i + 1, n - i - 1))
         room += EscapeExtra(bytes[i]);

@@ -8,27 +8,15 @@ namespace vexa::core {
 
 namespace {
 
-/// Up to 16 bytes, and as many behind them that may be read.
-struct CLine {
-    unsigned char Bytes[2 * BLOCK] = {};
-};
-
-/// Writes the first `n` bytes of a line, up to 16.
-char* WriteLine(char* at, const CLine& line, std::size_t n)
+/// Writes byte after byte, whatever it is: a jump that depends on each would cost more.
+char* WriteBytes(char* at, const char* p, std::size_t n)
 {
-    unsigned int bits = BitsOf(NeedsEscape(LoadBlock(line.Bytes))) & FIRST_BITS[n];
-    std::size_t i = 0;
-    for (; bits != 0; bits &= bits - 1U) {
-        const auto next = static_cast<std::size_t>(__builtin_ctz(bits));
-        StoreBlock(at, LoadBlock(line.Bytes + i));
-        at += next - i;
-        const CEscape& escape = ESCAPES[line.Bytes[next]];
+    for (std::size_t i = 0; i < n; ++i) {
+        const CEscape& escape = ESCAPES[BytesOf(p)[i]];
         std::memcpy(at, &escape, sizeof escape);
         at += escape.Length;
-        i = next + 1;
     }
-    StoreBlock(at, LoadBlock(line.Bytes + i));
-    return at + (n - i);
+    return at;
 }
 
 /// Copies `n` bytes, more than 16, as they are. Returns whether none of them needs escaping.
@@ -50,26 +38,24 @@ bool CopyPlain(char* at, const char* p, std::size_t n)
 unsigned long EscapedRoomOfLong(const std::string& text) noexcept
 {
     const std::size_t n = text.size();
-    if (n <= BLOCK) return n + ExtraOf(LoadBlock(text.data()), FIRST_BITS[n]);
+    if (n <= BLOCK) return n + ExtraOf(LoadBlock(text.data()), FirstBytes(n));
     unsigned long room = n;
     std::size_t i = 0;
     for (; n - i > BLOCK; i += BLOCK)
-        room += ExtraOf(LoadBlock(text.data() + i), ALL_BYTES);
+        room += ExtraOf(LoadBlock(text.data() + i), FirstBytes(BLOCK));
     // The last block overlaps the one before.
-    return room + ExtraOf(LoadBlock(text.data() + n - BLOCK), ALL_BYTES << (BLOCK - (n - i)));
+    return room + ExtraOf(LoadBlock(text.data() + n - BLOCK), LastBytes(n - i));
 }
 
 char* WriteEscaped(char* at, const char* p, std::size_t n) noexcept
 {
     if (n > BLOCK && CopyPlain(at, p, n)) return at + n;
-    CLine line;
     for (; n >= BLOCK; n -= BLOCK, p += BLOCK) {
-        StoreBlock(line.Bytes, LoadBlock(p));
-        at = WriteLine(at, line, BLOCK);
+        const Block block = LoadBlock(p);
+        StoreBlock(at, block);
+        at = BitsOf(NeedsEscape(block)) == 0 ? at + BLOCK : WriteBytes(at, p, BLOCK);
     }
-    if (n == 0) return at;
-    std::memcpy(line.Bytes, p, n);
-    return WriteLine(at, line, n);
+    return WriteBytes(at, p, n);
 }
 
 #else

@@ -42,6 +42,7 @@ inline unsigned long EscapedRoom(const std::string& text) noexcept
 {
 #ifdef __SSE2__
     const std::size_t length = text.size();
+    if (length == 0) return 0;
     if (__builtin_expect(length <= BLOCK, 1)) {
         const unsigned int bits = BitsOf(NeedsEscape(LoadBlock(text.data())));
         if (__builtin_expect((bits & FIRST_BITS[length]) == 0, 1)) return length;
@@ -55,6 +56,7 @@ inline char* WriteEscaped(char* at, const std::string& text) noexcept
 {
 #ifdef __SSE2__
     const std::size_t length = text.size(); // before anything is stored, which might be it
+    if (length == 0) return at;
     if (__builtin_expect(length <= BLOCK, 1)) {
         const Block block = LoadBlock(text.data());
         StoreBlock(at, block);

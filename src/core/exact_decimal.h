@@ -83,10 +83,8 @@ public:
     {
         for (std::size_t done = 0; done < m_places; done += 16) {
             const std::uint64_t digits = TakeSixteen();
-            const std::uint64_t first = EightDigits(static_cast<std::uint32_t>(digits / 100000000U)) | EIGHT_ZEROS;
-            const std::uint64_t second = EightDigits(static_cast<std::uint32_t>(digits % 100000000U)) | EIGHT_ZEROS;
-            std::memcpy(out + done, &first, sizeof first);
-            std::memcpy(out + done + 8, &second, sizeof second);
+            WriteEightDigits(out + done, digits / EIGHT_DIGITS_END);
+            WriteEightDigits(out + done + 8, digits % EIGHT_DIGITS_END);
         }
         return m_places;
     }

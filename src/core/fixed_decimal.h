@@ -57,8 +57,7 @@ char* WriteFixed(char* at, T value) noexcept
     }
     at = WriteDigits(at, whole);
     *at++ = '.';
-    const std::uint64_t digits = (EightDigits(millionths) | EIGHT_ZEROS) >> 16U;
-    std::memcpy(at, &digits, sizeof digits);
+    WritePairs<3>(at, millionths * SCALES[6]);
     return at + 6;
 }
 
