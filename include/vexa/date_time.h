@@ -149,6 +149,9 @@ public:
     static bool IsLeapYear(int year);
 };
 
+inline bool operator==(const tm& left, const CDateTime& right) { return right.EqualTo(CDateTime(left)); }
+inline bool operator!=(const tm& left, const CDateTime& right) { return !right.EqualTo(CDateTime(left)); }
+
 static_assert(sizeof(CDateTime) == 16, "applications compile the size of a CDateTime in");
 static_assert(offsetof(CDateTime, State) == 0 && offsetof(CDateTime, TimeWord) == 8, "and the places of its fields");
 

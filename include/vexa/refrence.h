@@ -176,7 +176,8 @@ public:
 
 private:
     /// A value of the target's own type that lies at the address as it is, which most are, is loaded right here; by its
-    /// bytes, since the application may have stored an enumeration there, whose type is another.
+    /// bytes, since the application may have stored an enumeration there, whose type is another, and a bool whose
+    /// memory has not been initialised may hold any byte.
     template<class T>
     T As() const
     {
@@ -186,6 +187,7 @@ private:
             return Convert<T>({TypeInfor.DataType, TypeInfor.HoldingFlags, TypeInfor.NullFlagOffset,
                                TypeInfor.ValueOffset, TypeInfor.DetailInfor, Address});
         }
+        if constexpr (std::is_same_v<T, bool>) return *static_cast<const unsigned char*>(Address) != 0;
         T value;
         std::memcpy(&value, Address, sizeof value);
         return value;

@@ -66,7 +66,8 @@ public:
     /// Makes it a null of type \p type. What is no basic type becomes 0, without type; 0 becomes 2.
     void SetNull(Enum::DataTypeEnum type);
     /// Makes it a value of type \p type, not null: with the default contents, except that a tm of a value that has the
-    /// type already stays as it is.
+    /// type already stays as it is, and that a long double begins with 8 zero bytes and keeps what the storage held
+    /// behind them, as it does for SetNotNull: set it before it is read.
     void ChangeValueTypeEnum(Enum::DataTypeEnum type);
 
     /// Takes type, null state and contents of another value. Of a long double only the first 8 bytes are taken: sign

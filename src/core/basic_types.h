@@ -60,11 +60,14 @@ __attribute__((always_inline)) inline bool VisitBasicType(unsigned char code, F&
 }
 
 /// Reads what lives at an address: a number by its bytes, since the application may have stored an enumeration there,
-/// whose type is another; a char through its unsigned bytes.
+/// whose type is another; a char through its unsigned bytes. A bool is true for every byte but 0: memory that a
+/// descriptor has made is not initialised, and the compiler would take any other byte for a number of its own.
 template<class T>
 decltype(auto) Load(const void* address)
 {
-    if constexpr (std::is_arithmetic_v<T>) {
+    if constexpr (std::is_same_v<T, bool>) {
+        return *static_cast<const unsigned char*>(address) != 0;
+    } else if constexpr (std::is_arithmetic_v<T>) {
         T value;
         std::memcpy(&value, address, sizeof value);
         return value;

@@ -212,7 +212,7 @@ CStdBasicTypeRefrence& CStdBasicTypeRefrence::ReadFromMemBlock(const char* data,
     if (code == DT_BOOL) {
         return StoreNumber<DT_BOOL>(*this, length == 4 && data != nullptr && std::memcmp(data, "true", 4) == 0);
     }
-    if (code >= 12 && code <= 26) {
+    if (code > DT_BOOL && code <= DT_UNSIGNED_LONG_LONG) {
         return ReadFrom(data != nullptr ? strtol_l(data, nullptr, 10, core::CLocale()) : 0L);
     }
     bool isStored = false;

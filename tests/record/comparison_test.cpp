@@ -114,9 +114,8 @@ TEST(Comparison, DateTimeBesideEveryOperand)
     const tm time = TimeOf(2020);
     const CDateTime date(time);
     EXPECT_TRUE(date == date);
-    EXPECT_TRUE(date == time);
-    EXPECT_FALSE(date != time);
-    EXPECT_TRUE(date != TimeOf(2021));
+    ExpectEqual(date, time, true);
+    ExpectEqual(date, TimeOf(2021), false);
     EXPECT_TRUE(date < TimeOf(2021));
     EXPECT_TRUE(date == std::string("2020-01-01 00:00:00"));
     EXPECT_TRUE(date != std::string("2020-01-01 00:00:01"));
