@@ -56,13 +56,18 @@ struct CElementSpan {
     char* Last; ///< behind the last element
 };
 
-/// Where the elements of a container lie that is marked as contiguous: in the memory that a vector's first two words
-/// designate, or in the container itself.
+/// Where the elements of a container of \p size bytes lie that is marked as contiguous: in the memory that a vector's
+/// first two words designate, or in the container itself.
+inline CElementSpan ElementsOf(bool isVector, unsigned long size, const void* container) noexcept
+{
+    auto* const first = static_cast<char*>(const_cast<void*>(container));
+    CElementSpan span{first, first + size};
+    if (isVector) std::memcpy(&span, container, sizeof span);
+    return span;
+}
 inline CElementSpan ElementsOf(const CContainerInfor& infor, void* container) noexcept
 {
-    CElementSpan span{static_cast<char*>(container), static_cast<char*>(container) + infor.Size};
-    if (infor.Mark.Is(CFinishedMark::VECTOR)) std::memcpy(&span, container, sizeof span);
-    return span;
+    return ElementsOf(infor.Mark.Is(CFinishedMark::VECTOR), infor.Size, container);
 }
 
 } // namespace detail

@@ -20,9 +20,9 @@ namespace vexa::text {
 
 inline constexpr unsigned long QUOTES = 2;
 
-/// The text of a time, which the C library forms, or of a decimal number.
+/// The text of a time, which the C library forms.
 std::string TextOfObject(Enum::DataTypeEnum code, const void* address);
-/// The same of a floating value longer than any bound.
+/// The length of the text of a floating value, one that may be longer than any bound.
 unsigned long LengthOfLong(float value);
 unsigned long LengthOfLong(double value);
 unsigned long LengthOfLong(long double value);

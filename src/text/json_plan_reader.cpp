@@ -154,7 +154,7 @@ const char* CJsonReader::ReadFlaggedValue(const char* next, const CValuePlan& va
 {
     const bool isWritable = value.Held == Holding::FLAGGED && !value.Type->Has(HF_CONST);
     char* const place = object + value.ValueOffset;
-    if (isWritable && value.Op == static_cast<Operation>(DT_STD_STRING)) {
+    if (isWritable && value.Op == Operation::STD_STRING) {
         auto& string = *reinterpret_cast<std::string*>(place);
         if (object[value.FlagOffset] != 0) string.clear();
         object[value.FlagOffset] = 0;

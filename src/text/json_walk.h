@@ -1,7 +1,6 @@
 #ifndef VEXA_TEXT_JSON_WALK_H
 #define VEXA_TEXT_JSON_WALK_H
 
-#include <type_traits>
 #include <utility>
 
 #include <vexa/class_refrence.h>
@@ -225,13 +224,13 @@ private:
     /// Elements that lie one behind the other: what they are is asked once.
     Cursor Contiguous(Cursor at, const typeinfo::CContainerPlan& plan, const char* container, const Nesting& nesting)
     {
-        const typeinfo::CContainerPlan::CSpan span = plan.Elements(container);
+        const detail::CElementSpan span = plan.Elements(container);
         at = m_pass.Byte(at, '[');
         if (span.First != span.Last) at = Span(at, plan.Element(), span, plan.Stride(), nesting);
         return m_pass.Byte(at, ']');
     }
-    Cursor Span(Cursor at, const typeinfo::CValuePlan& element, const typeinfo::CContainerPlan::CSpan& span,
-                unsigned long stride, const Nesting& nesting)
+    Cursor Span(Cursor at, const typeinfo::CValuePlan& element, const detail::CElementSpan& span, unsigned long stride,
+                const Nesting& nesting)
     {
         if (element.Held == typeinfo::Holding::DIRECT) {
             if (element.Op >= Operation::FIRST_BASIC) return BasicElements(at, element, span, stride);
@@ -244,14 +243,14 @@ private:
                        [&](Cursor place, const char* next) { return Element(place, element, next, nesting); });
     }
     Cursor Objects(Cursor at, const typeinfo::CValuePlan& element, const typeinfo::CPlan& plan,
-                   const typeinfo::CContainerPlan::CSpan& span, unsigned long stride, const Nesting& nesting)
+                   const detail::CElementSpan& span, unsigned long stride, const Nesting& nesting)
     {
         return ForEach(at, span.First, span.Last, stride, [&](Cursor place, const char* next) {
             const Nesting within(nesting, next + element.ValueOffset, *element.Type);
             return Enters(within, *element.Type) ? Object(place, plan, next + element.ValueOffset, within) : place;
         });
     }
-    Cursor BasicElements(Cursor at, const typeinfo::CValuePlan& element, const typeinfo::CContainerPlan::CSpan& span,
+    Cursor BasicElements(Cursor at, const typeinfo::CValuePlan& element, const detail::CElementSpan& span,
                          unsigned long stride)
     {
         const char* const first = span.First + element.ValueOffset;

@@ -24,7 +24,7 @@ namespace vexa::typeinfo {
 
 /// What is to be done with a value. The numbers of the basic types are those of their type codes.
 enum class Operation : unsigned char {
-    UNUSUAL = 0,      ///< left to the plain walk: union members' classes, custom types, records, bits, unknown codes
+    UNUSUAL = 0,      ///< left to the plain walk: custom types, records, bits, unknown codes
     CLASS = 1,        ///< an object whose class has, or may get, a plan
     CONTAINER = 2,    ///< likewise
     FIRST_BASIC = 11, ///< from here on: Enum::DT_BOOL and its kin
@@ -131,10 +131,6 @@ public:
         SLOTS,   ///< the elements are the container
         CURSOR   ///< walked by the operations of the descriptor, which are the library's own
     };
-    struct CSpan {
-        const char* First;
-        const char* Last; ///< behind the last element
-    };
 
     explicit CContainerPlan(const CContainerInfor& infor);
     CContainerPlan(const CContainerPlan&) = delete;
@@ -146,11 +142,9 @@ public:
     /// Bytes from one element to the next. VECTOR and SLOTS only.
     unsigned long Stride() const noexcept { return m_stride; }
     /// The elements of a contiguous container.
-    CSpan Elements(const char* container) const noexcept
+    detail::CElementSpan Elements(const char* container) const noexcept
     {
-        CSpan span{container, container + m_infor->Size};
-        if (m_form == Form::VECTOR) std::memcpy(&span, container, sizeof span);
-        return span;
+        return detail::ElementsOf(m_form == Form::VECTOR, m_infor->Size, container);
     }
     const CContainerInfor& Infor() const noexcept { return *m_infor; }
 
