@@ -13,7 +13,8 @@
 /// The class descriptor, its attribute records and its indexes.
 ///
 /// A descriptor is built once by a registration call, under the global recursive lock, and stored in a pointer that the
-/// application owns. Afterwards it is never changed or freed, and readers take no lock.
+/// application owns. Afterwards it is never changed or freed, and readers take no lock. An application must not change
+/// a finished descriptor either: what the library has made from it would not follow.
 
 namespace vexa {
 

@@ -1,5 +1,6 @@
 // A std::vector of elements whose type is not known here: three pointers, and one function for the elements.
 
+#include <vexa/detail/cursor_memory.h>
 #include <vexa/detail/vector.h>
 
 #include <algorithm>
@@ -132,7 +133,7 @@ void DeleteVector(void* vector, unsigned long size, ManageFunction manage) noexc
 void* BeginOfVector(void* vector, void** first)
 {
     const CLayout layout = Load(vector);
-    auto* const cursor = new char*(layout.Start);
+    auto* const cursor = MakeCursor(layout.Start);
     *first = layout.Start != layout.Finish ? layout.Start : nullptr;
     return cursor;
 }
@@ -147,7 +148,7 @@ void* NextInVector(void* vector, void* cursor, unsigned long size) noexcept
 void* RBeginOfVector(void* vector, void** last, unsigned long size)
 {
     const CLayout layout = Load(vector);
-    auto* const cursor = new char*(layout.Finish);
+    auto* const cursor = MakeCursor(layout.Finish);
     *last = layout.Start != layout.Finish ? layout.Finish - size : nullptr;
     return cursor;
 }
@@ -166,6 +167,6 @@ unsigned long CountOfVector(void* vector, unsigned long size) noexcept
     return static_cast<unsigned long>(layout.Finish - layout.Start) / size;
 }
 
-void ReleaseVectorCursor(void* cursor) noexcept { delete static_cast<char**>(cursor); }
+void ReleaseVectorCursor(void* cursor) noexcept { ReleaseCursor<char*>(cursor); }
 
 } // namespace vexa::detail

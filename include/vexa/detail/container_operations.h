@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <vexa/container_infor.h>
+#include <vexa/detail/cursor_memory.h>
 #include <vexa/detail/type_traits.h>
 #include <vexa/detail/vector.h>
 #include <vexa/refrence.h>
@@ -54,7 +55,7 @@ struct CWalkOperations {
     static void* Begin(void* container, void** first)
     {
         auto& walked = *static_cast<Container*>(container);
-        auto* const cursor = new Iterator(std::begin(walked));
+        auto* const cursor = MakeCursor<Iterator>(std::begin(walked));
         *first = AddressOf(walked, *cursor, std::end(walked));
         return cursor;
     }
@@ -63,7 +64,7 @@ struct CWalkOperations {
         auto& walked = *static_cast<Container*>(container);
         return AddressOf(walked, ++*static_cast<Iterator*>(cursor), std::end(walked));
     }
-    static void Release(void* cursor) { delete static_cast<Iterator*>(cursor); }
+    static void Release(void* cursor) { ReleaseCursor<Iterator>(cursor); }
 
     template<class C>
     static void FillReverse(CContainerInfor& infor, decltype(std::rbegin(std::declval<C&>()))*)
@@ -71,7 +72,7 @@ struct CWalkOperations {
         using Position = decltype(std::rbegin(std::declval<C&>()));
         infor.RBegin = [](void* container, void** last) -> void* {
             auto& walked = *static_cast<Container*>(container);
-            auto* const cursor = new Position(std::rbegin(walked));
+            auto* const cursor = MakeCursor<Position>(std::rbegin(walked));
             *last = AddressOf<Position>(walked, *cursor, std::rend(walked));
             return cursor;
         };
@@ -79,7 +80,7 @@ struct CWalkOperations {
             auto& walked = *static_cast<Container*>(container);
             return AddressOf<Position>(walked, ++*static_cast<Position*>(cursor), std::rend(walked));
         };
-        infor.RRelease = [](void* cursor) { delete static_cast<Position*>(cursor); };
+        infor.RRelease = &ReleaseCursor<Position>;
     }
     /// A container without order has no reverse walk.
     template<class C>
@@ -274,11 +275,11 @@ struct CBitsetOperations {
     template<bool IS_REVERSE>
     static void* Begin(void* container, void** first)
     {
-        auto* const cursor = new CCursor{IS_REVERSE ? SIZE - 1 : 0, false};
+        auto* const cursor = MakeCursor(CCursor{IS_REVERSE ? SIZE - 1 : 0, false});
         *first = Look(container, *cursor);
         return cursor;
     }
-    static void Release(void* cursor) { delete static_cast<CCursor*>(cursor); }
+    static void Release(void* cursor) { ReleaseCursor<CCursor>(cursor); }
 
     static void Fill(CContainerInfor& infor)
     {
