@@ -64,8 +64,7 @@ TEST(JsonForeign, AValueThatGrowsBetweenThePassesIsWrittenWhole)
         std::string escaped;
         for (std::size_t i = 0; i < length; ++i)
             escaped += "\\/";
-        EXPECT_EQ(vexa_test::Json(OwnerOf({"abc", "abc", "abc", grown})),
-                  TextWith("\"moody\":\"" + escaped + "\","));
+        EXPECT_EQ(vexa_test::Json(OwnerOf({"abc", "abc", "abc", grown})), TextWith("\"moody\":\"" + escaped + "\","));
     }
 }
 

@@ -233,8 +233,9 @@ TEST(TypeCodes, AnArrayIsAStringTypeOverDirectlyHeldCharOnly)
     const CGnlTypeInfor type = Plain(DT_ARRAY, &array);
     array.ElementType = Plain(DT_CHAR);
     EXPECT_TRUE(type.IsStringTypeEx());
-    for (const CGnlTypeInfor& element : {vexa_test::OwnedPointer(DT_CHAR), vexa_test::ConstPointer(DT_CHAR),
-                                         vexa_test::MayNull<char>(DT_CHAR), Plain(DT_UNSIGNED_CHAR), Plain(DT_INT), Plain(DT_STD_STRING)}) {
+    for (const CGnlTypeInfor& element :
+         {vexa_test::OwnedPointer(DT_CHAR), vexa_test::ConstPointer(DT_CHAR), vexa_test::MayNull<char>(DT_CHAR),
+          Plain(DT_UNSIGNED_CHAR), Plain(DT_INT), Plain(DT_STD_STRING)}) {
         array.ElementType = element;
         EXPECT_FALSE(type.IsStringTypeEx()) << element.TypeName();
     }
