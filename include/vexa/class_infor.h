@@ -103,7 +103,9 @@ public:
     ///
     /// \p describe is called once with the fresh descriptor and access 0; it adds every attribute and completes its
     /// record. A registration that it triggers for this class again gets the descriptor under construction. \p describe
-    /// is not expected to throw: an exception leaves the lock held and the class in progress. \return the descriptor.
+    /// is not expected to throw: an exception leaves the lock held and the class in progress. Where memory is short
+    /// outside of it, std::bad_alloc comes out, the lock is free, and the classes that were registered meanwhile, which
+    /// may refer to this one, are withdrawn: their slots are null again. \return the descriptor.
     static CClassInfor* InitClassInfor(CClassInfor*& slot, const char* name, unsigned long size, void* (*newFn)(),
                                        void (*deleteFn)(void*), DescribeFunction describe);
     /// The same for a class with one base class at \p baseOffset, whose attributes come before those that \p describe

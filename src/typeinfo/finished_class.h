@@ -15,6 +15,8 @@ class CFlatNames;
 /// A class descriptor as registration makes it: with room behind the public fields for the plan by which its objects
 /// are walked fast. The plan is made at the first use, published once, and lives as long as the descriptor.
 struct CFinishedClass : CClassInfor {
+    CClassInfor** Slot = nullptr;         ///< the application's, in a class that it registers itself
+    CFinishedClass* MadeBefore = nullptr; ///< while such a class may still be withdrawn
     mutable std::atomic<const CPlan*> Plan{nullptr};
     mutable std::atomic<const CFlatNames*> FlatNames{nullptr};
 };

@@ -77,22 +77,33 @@ private:
     const typeinfo::CRegistration& m_registration;
 };
 
+/// An exception of the describing function leaves everything as it is then: others may know the descriptor already.
+void Describe(const CClassRegistration& request, CClassInfor& created, typeinfo::CRegistration& registration,
+              typeinfo::CSlotGroup& group)
+{
+    group.Complete();
+    registration.BeginDescribing();
+    request.Describe(created, Enum::AS_PUBLIC);
+    registration.EndDescribing();
+    group.Reopen();
+}
+
+/// Where it fails otherwise, what was made for it meanwhile goes with it: it may refer to the descriptor.
 CClassInfor* CreateDescriptor(const CClassRegistration& request, ClassesInProgress& inProgress,
                               typeinfo::CRegistration& registration)
 {
+    typeinfo::CSlotGroup group;
     auto created = std::make_unique<typeinfo::CFinishedClass>();
     const CInProgress entry(inProgress, request.Slot, created.get(), registration);
     created->SetBaseTypeInfor(request.Name, request.Size, request.NewFn, request.DeleteFn, 0);
     if (request.Base != nullptr) created->InheritFromBaseClass_Impl(request.BaseOffset, *request.Base);
-    typeinfo::CFinishedClass* const described = created.release(); // others may know it already
-    registration.BeginDescribing();
-    request.Describe(*described, Enum::AS_PUBLIC);
-    registration.EndDescribing();
+    typeinfo::CFinishedClass* const described = created.release();
+    Describe(request, *described, registration, group);
     created.reset(described);
     created->CreateIndex();
     created->Mark.Set(detail::CFinishedMark::CLASS);
-    // An application may read its slot without the lock.
-    __atomic_store_n(&request.Slot, created.get(), __ATOMIC_RELEASE);
+    typeinfo::Fill(request.Slot, *created);
+    group.Complete();
     return created.release();
 }
 

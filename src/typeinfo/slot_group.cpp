@@ -9,6 +9,8 @@ namespace {
 
 /// The one that was made last; the others are linked behind it.
 detail::CSlot* s_made = nullptr;
+/// The same of the classes that the application registers itself.
+CFinishedClass* s_madeClass = nullptr;
 
 void Destroy(detail::SlotForm form, void* descriptor) noexcept
 {
@@ -27,6 +29,13 @@ detail::CSlot& TakeLast() noexcept
     return last;
 }
 
+CFinishedClass& TakeLastClass() noexcept
+{
+    CFinishedClass& last = *s_madeClass;
+    s_madeClass = std::exchange(last.MadeBefore, nullptr);
+    return last;
+}
+
 } // namespace
 
 void Fill(detail::CSlot& slot, void* descriptor) noexcept
@@ -35,19 +44,34 @@ void Fill(detail::CSlot& slot, void* descriptor) noexcept
     slot.MadeBefore = std::exchange(s_made, &slot);
 }
 
+void Fill(CClassInfor*& slot, CFinishedClass& descriptor) noexcept
+{
+    descriptor.Slot = &slot;
+    descriptor.MadeBefore = std::exchange(s_madeClass, &descriptor);
+    // An application may read its slot without the lock.
+    __atomic_store_n(&slot, &descriptor, __ATOMIC_RELEASE);
+}
+
 void PublishMade() noexcept
 {
+    while (s_madeClass != nullptr)
+        TakeLastClass();
     while (s_made != nullptr) {
         detail::CSlot& slot = TakeLast();
         slot.Published.store(slot.Made, std::memory_order_release);
     }
 }
 
-CSlotGroup::CSlotGroup() noexcept : m_before(s_made) {}
+CSlotGroup::CSlotGroup() noexcept : m_before(s_made), m_classBefore(s_madeClass) {}
 
 CSlotGroup::~CSlotGroup()
 {
     if (m_isComplete) return;
+    while (s_madeClass != m_classBefore) {
+        const CFinishedClass& made = TakeLastClass();
+        __atomic_store_n(made.Slot, nullptr, __ATOMIC_RELEASE);
+        delete &made;
+    }
     while (s_made != m_before) {
         detail::CSlot& slot = TakeLast();
         Destroy(slot.Form, std::exchange(slot.Made, nullptr));

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
+#include <utility>
 
 #include <vexa/vexa.h>
 
@@ -78,6 +79,45 @@ void DescribeByHand(vexa::CClassInfor& about, vexa::Enum::AccessSpecifierEnum ac
     s_isDescribing = false;
 }
 
+/// Two classes registered by hand that point at one another. The inner one is finished first, while only the outer one
+/// still meets failures.
+vexa::CClassInfor* s_outer = nullptr;
+vexa::CClassInfor* s_inner = nullptr;
+const vexa::CClassInfor* Outer();
+
+vexa::CGnlTypeInfor PointerTo(const vexa::CClassInfor* pointee)
+{
+    return vexa::CGnlTypeInfor(vexa::Enum::DT_CLASS, vexa::Enum::HF_POINTER | vexa::Enum::HF_NULLABLE, pointee);
+}
+
+void DescribeInner(vexa::CClassInfor& about, vexa::Enum::AccessSpecifierEnum access)
+{
+    vexa::TypeInforOf<std::vector<PartWithLongName>>();
+    about.AddAttribInfor(access, 0, "pointerToTheOuterClass", -1).TypeInfor = PointerTo(Outer());
+}
+
+void DescribeOuter(vexa::CClassInfor& about, vexa::Enum::AccessSpecifierEnum access)
+{
+    const long failing = std::exchange(vexa_test::s_untilFailure, 0);
+    const auto* const inner =
+        vexa::CClassInfor::InitClassInfor(s_inner, "TheInnerOfTwoClasses", 8, nullptr, nullptr, &DescribeInner);
+    about.AddAttribInfor(access, 0, "pointerToTheInnerClass", 70).TypeInfor = PointerTo(inner);
+    vexa_test::s_untilFailure = failing;
+}
+
+const vexa::CClassInfor* Outer()
+{
+    return vexa::CClassInfor::InitClassInfor(s_outer, "TheOuterOfTwoClasses", 8, nullptr, nullptr, &DescribeOuter);
+}
+
+/// Whether the two know one another, or neither is there.
+bool IsRingWhole()
+{
+    if (s_outer == nullptr || s_inner == nullptr) return s_outer == s_inner;
+    return s_outer->AttribList.front().TypeInfor.DetailInfor == s_inner &&
+           s_inner->AttribList.front().TypeInfor.DetailInfor == s_outer;
+}
+
 } // namespace allocation_failure
 
 namespace {
@@ -102,17 +142,20 @@ void UseByHand()
 {
     vexa::CClassInfor::InitClassInfor(s_byHand, "ClassThatIsMadeByHand", 4, nullptr, nullptr, &DescribeByHand);
 }
+void UseOuter() { Outer(); }
 
 using Use = void (*)();
-constexpr Use USES[] = {&UseWhole, &UsePart, &UseVector, &UseCustom, &UseByHand};
+constexpr Use USES[] = {&UseWhole, &UsePart, &UseVector, &UseCustom, &UseByHand, &UseOuter};
 
 /// Uses everything, and tells what it is.
 std::string TextOfAll()
 {
     UseByHand();
+    UseOuter();
     return NamesOf(vexa::ClassInforOf<WholeWithLongName>()) + NamesOf(vexa::ClassInforOf<PartWithLongName>()) +
            vexa::TypeInforOf<std::vector<std::vector<WholeWithLongName>>>().TypeName() + '\n' +
-           vexa::TypeInforOf<WrappedTextOfATag>().TypeName() + '\n' + NamesOf(*s_byHand);
+           vexa::TypeInforOf<WrappedTextOfATag>().TypeName() + '\n' + NamesOf(*s_byHand) + NamesOf(*s_outer) +
+           NamesOf(*s_inner) + (IsRingWhole() ? "" : "two descriptors of one class\n");
 }
 
 constexpr int DONE = 0, WRONG = 1, NO_FAILURE = 2;
@@ -164,6 +207,7 @@ int RunCase(Use use, long failing, const std::string& expected)
     if (!isReached) return NO_FAILURE;
     if (!isThrown) return Wrong("no exception came out", failing);
     if (s_isDescribing) return DONE; // the describing function has thrown: the lock stays held
+    if (!IsRingWhole()) return Wrong("a class refers to one that is gone", failing);
     if (vexa_test::s_live > before) return Wrong("something was left behind", failing);
     TakeLockElsewhere();
     if (TextOfAll() != expected) return Wrong("the next use gives something else", failing);
@@ -202,7 +246,8 @@ std::string ExpectedText()
 int RunAll()
 {
     const std::string expected = ExpectedText();
-    if (expected.empty()) return Wrong("nothing is described at all", 0);
+    if (expected.empty() || expected.find("two descriptors") != std::string::npos)
+        return Wrong("nothing is described well at all", 0);
     for (const Use use : USES) {
         long failing = 1;
         int result = DONE;
