@@ -39,13 +39,15 @@ VEXA_API int ToJson(std::string& out, const CConstRefrence& ref);
 /// elements, a union whose member cannot be made or destroyed in place), 998 (see below), and 999, where the text nests
 /// deeper than MAX_NESTING_DEPTH. What was read before stays in \p target.
 ///
-/// Text does not choose an address: where any member of a union holds a pointer or needs a destructor, also deep
-/// inside, its members are read only while they are the active ones, else 998. When the text, or the clearing before
-/// it, changes the selector, the member that was active is destroyed and the one that becomes active is made, a default
-/// one; a union whose selector does not change is left alone. Made in place are basic types, pointers, std::vectors,
-/// arrays, and classes and custom types of these that have no undescribed part; another member makes the change of the
-/// selector fail with 997, and the selector keeps its value. Members of a union of plain values are read by name,
-/// active or not.
+/// Text does not choose an address: where any member of a union holds a pointer or needs a destructor, or leaves room
+/// of a pointer's size undescribed, also deep inside, its members are read only while they are the active ones, else
+/// 998. When the text, or the clearing before it, changes the selector, the member that was active is destroyed and the
+/// one that becomes active is made; a union whose selector does not change is left alone. What is made holds what a
+/// default object holds, except that vectors are empty, pointers (std::unique_ptr too) and the bytes of what is not
+/// described are 0, and a member that is a MayNull is null. Made in place are basic types, pointers, std::vectors,
+/// arrays, and classes and custom types of these that leave no room of a pointer's size undescribed; another member,
+/// and one that is itself the selector of a union, makes the change of the selector fail with 997, and the selector
+/// keeps its value. Members of a union of plain values are read by name, active or not.
 VEXA_API int FromJson(CRefrence& target, const std::string& text);
 inline int FromJson(CRefrence&& target, const std::string& text) { return FromJson(target, text); }
 

@@ -7,6 +7,7 @@
 #include "core/basic_types.h"
 #include "core/type_table.h"
 #include "reference/custom_value.h"
+#include "reference/union_member.h"
 #include "reference/union_watch.h"
 
 namespace vexa {
@@ -77,7 +78,7 @@ private:
 /// of its union: what lies there then is of another type.
 CRefrence AttribOf(void* object, const CAttribInfor& attrib)
 {
-    const bool isThere = object != nullptr && IsActiveAttrib(attrib, object);
+    const bool isThere = object != nullptr && reference::IsActiveWithSelectors(attrib, object);
     return {attrib.TypeInfor, isThere ? static_cast<char*>(object) + attrib.Offset : nullptr};
 }
 

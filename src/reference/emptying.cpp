@@ -39,9 +39,8 @@ bool DropMembers(const CClassConstRefrence& object, Drop drop)
     std::vector<CRefrence> members;
     for (const auto& attrib : object.Attribs()) {
         // The walk shows the first record whatever its union holds.
-        const bool isClosed =
-            IsGuarded(object.ClassInfor(), attrib.Infor()) && !IsActiveAttrib(attrib.Infor(), object.ValueAddress());
-        if (!isClosed) members.emplace_back(attrib.Value().TypeInfor, attrib.Value().Address);
+        if (IsOpen(object.ClassInfor(), attrib.Infor(), object.ValueAddress()))
+            members.emplace_back(attrib.Value().TypeInfor, attrib.Value().Address);
     }
     bool isSettled = true;
     for (const CRefrence& member : members)

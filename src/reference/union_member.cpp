@@ -11,6 +11,7 @@
 
 #include "core/basic_types.h"
 #include "reference/custom_value.h"
+#include "typeinfo/kept_selectors.h"
 
 namespace vexa::reference {
 
@@ -56,48 +57,66 @@ void ForEachSlot(const CGnlTypeInfor& type, void* array, Use&& use)
         use(slot.Address);
 }
 
-/// Which bytes of an object are described, in words of the size of a pointer: less room than that hides nothing.
+/// Whether every word of an object, of the size of a pointer, is at least in part described: less room than that hides
+/// nothing. Needs no memory, since it is asked while memory is short.
 class CCover {
 public:
-    explicit CCover(unsigned long size) : m_words(size / sizeof(void*), false) {}
+    explicit CCover(unsigned long size) : m_end(size / WORD) {}
 
-    void Add(unsigned long offset, unsigned long size)
-    {
-        for (unsigned long word = offset / sizeof(void*); word * sizeof(void*) < offset + size; ++word) {
-            if (word < m_words.size()) m_words[word] = true;
-        }
-    }
+    /// Counts what begins in the words that are covered so far.
     void Add(unsigned long offset, const CGnlTypeInfor& type)
     {
-        if (type.Has(HF_POINTER)) return Add(offset, sizeof(void*));
+        if (type.Has(HF_POINTER)) return AddBytes(offset, WORD);
         if (IsWrapped(type)) {
-            Add(offset + type.NullFlagOffset, 1);
+            AddBytes(offset + type.NullFlagOffset, 1);
             offset += type.ValueOffset;
         }
-        Add(offset, type.Sizeof());
+        AddBytes(offset, type.Sizeof());
     }
-    bool IsWhole() const { return std::find(m_words.begin(), m_words.end(), false) == m_words.end(); }
+    unsigned long Covered() const { return m_covered; }
+    bool IsWhole() const { return m_covered >= m_end; }
 
 private:
-    std::vector<bool> m_words;
+    static constexpr unsigned long WORD = sizeof(void*);
+
+    void AddBytes(unsigned long offset, unsigned long size)
+    {
+        if (size != 0 && offset / WORD <= m_covered) m_covered = std::max(m_covered, (offset + size + WORD - 1) / WORD);
+    }
+
+    unsigned long m_end;
+    unsigned long m_covered = 0; ///< words from the start
 };
 
-bool IsClassMadeInPlace(const CClassInfor& infor)
+/// Whether a test holds for an attribute of the class, or for a member of a union that it hides.
+template<class Test>
+bool AnyMember(const CClassInfor& infor, Test&& test)
+{
+    const auto& hidden = typeinfo::HiddenMembersOf(infor);
+    return std::any_of(infor.AttribList.begin(), infor.AttribList.end(), test) ||
+           std::any_of(hidden.begin(), hidden.end(), test);
+}
+
+bool IsWhole(const CClassInfor& infor)
 {
     CCover cover(infor.Size);
-    for (const CAttribInfor& attrib : infor.AttribList) {
-        if (!IsMadeInPlace(attrib.TypeInfor)) return false;
-        cover.Add(attrib.Offset, attrib.TypeInfor);
+    for (bool isMore = true; isMore && !cover.IsWhole();) { // once, where the records come as they lie
+        const unsigned long before = cover.Covered();
+        AnyMember(infor, [&](const CAttribInfor& attrib) {
+            cover.Add(attrib.Offset, attrib.TypeInfor);
+            return false;
+        });
+        isMore = cover.Covered() != before;
     }
     return cover.IsWhole();
 }
 
-bool IsCustomMadeInPlace(const CCustomBasicTypeInfor& infor)
+bool IsWhole(const CCustomBasicTypeInfor& infor)
 {
     if (infor.Underlying.DataType == DT_UNKNOWN || infor.ValueOffset < 0) return false;
     CCover cover(infor.Size);
     cover.Add(static_cast<unsigned long>(infor.ValueOffset), infor.Underlying);
-    return cover.IsWhole() && IsMadeInPlace(infor.Underlying);
+    return cover.IsWhole();
 }
 
 } // namespace
@@ -106,15 +125,10 @@ bool HoldsResources(const CGnlTypeInfor& type)
 {
     if (type.Has(HF_POINTER)) return true;
     switch (type.DataType) {
-    case DT_CLASS: {
-        const auto& attribs = ClassOf(type).AttribList;
-        return std::any_of(attribs.begin(), attribs.end(),
-                           [](const CAttribInfor& attrib) { return HoldsResources(attrib.TypeInfor); });
-    }
-    case DT_CUSTOM_BASIC: {
-        const CGnlTypeInfor& underlying = CustomInfor(type).Underlying;
-        return underlying.DataType == DT_UNKNOWN || HoldsResources(underlying);
-    }
+    case DT_CLASS:
+        return !IsWhole(ClassOf(type)) ||
+               AnyMember(ClassOf(type), [](const CAttribInfor& attrib) { return HoldsResources(attrib.TypeInfor); });
+    case DT_CUSTOM_BASIC: return !IsWhole(CustomInfor(type)) || HoldsResources(CustomInfor(type).Underlying);
     case DT_STD_STRING:
     case DT_BINARY:
     case DT_NUMERIC:
@@ -134,8 +148,12 @@ bool HoldsResources(const CGnlTypeInfor& type)
 bool IsMadeInPlace(const CGnlTypeInfor& type)
 {
     if (type.Has(HF_POINTER) || type.IsBasicType()) return true;
-    if (type.DataType == DT_CLASS) return IsClassMadeInPlace(ClassOf(type));
-    if (type.DataType == DT_CUSTOM_BASIC) return IsCustomMadeInPlace(CustomInfor(type));
+    if (type.DataType == DT_CLASS) {
+        return IsWhole(ClassOf(type)) &&
+               !AnyMember(ClassOf(type), [](const CAttribInfor& attrib) { return !IsMadeInPlace(attrib.TypeInfor); });
+    }
+    if (type.DataType == DT_CUSTOM_BASIC)
+        return IsWhole(CustomInfor(type)) && IsMadeInPlace(CustomInfor(type).Underlying);
     if (!type.IsContainer()) return !HoldsResources(type);
     if (!IsFixed(type)) return IsVector(type);
     const CContainerInfor& infor = ContainerOf(type);
@@ -146,14 +164,25 @@ namespace {
 
 void MakeLike(const CGnlTypeInfor& type, void* place, const void* model);
 
+/// \return false when a text of the default finds no memory: an empty one needs none.
+template<class T>
+bool MakeCopy(void* place, const T& model)
+{
+    try {
+        new (place) T(model);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 void MakeBasic(const CGnlTypeInfor& type, void* place, const void* model)
 {
     core::VisitBasicType(type.DataType, [&](auto basic) {
         using T = typename decltype(basic)::Type;
         if constexpr (!std::is_same_v<T, core::CTextAtAddress>) {
-            if (model != nullptr)
-                new (place) T(*static_cast<const T*>(model));
-            else if constexpr (std::is_same_v<T, CBinary>)
+            if (model != nullptr && MakeCopy(place, *static_cast<const T*>(model))) return;
+            if constexpr (std::is_same_v<T, CBinary>)
                 new (place) CBinary(0);
             else
                 new (place) T();
@@ -164,11 +193,11 @@ void MakeBasic(const CGnlTypeInfor& type, void* place, const void* model)
 void MakeClass(const CClassInfor& infor, void* place, const void* model)
 {
     std::memset(place, 0, infor.Size);
-    for (const CAttribInfor& attrib : infor.AttribList) {
-        if (!IsActiveAttrib(attrib, place)) continue;
+    AnyMember(infor, [&](const CAttribInfor& attrib) {
         const void* const from = model != nullptr ? static_cast<const char*>(model) + attrib.Offset : nullptr;
-        MakeLike(attrib.TypeInfor, At(place, attrib.Offset), from);
-    }
+        if (IsActiveWithSelectors(attrib, place)) MakeLike(attrib.TypeInfor, At(place, attrib.Offset), from);
+        return false;
+    });
 }
 
 void MakeContainer(const CGnlTypeInfor& type, void* place, const void* model)
@@ -235,55 +264,56 @@ void CModelValue::MakeAt(void* place) const
 {
     const bool isWrapped = IsWrapped(*m_type);
     if (isWrapped) *At(place, m_type->NullFlagOffset) = 1;
-    const auto make = [&](const void* model) {
-        if (m_type->Has(HF_POINTER))
-            MakeLike(*m_type, place, nullptr);
-        else
-            MakeDirect(*m_type, isWrapped ? At(place, m_type->ValueOffset) : place, model);
-    };
-    try {
-        make(m_object);
-    } catch (...) {
-        make(nullptr); // the texts of the default have found no memory: empty ones need none
-    }
+    if (m_type->Has(HF_POINTER))
+        MakeLike(*m_type, place, nullptr);
+    else
+        MakeDirect(*m_type, isWrapped ? At(place, m_type->ValueOffset) : place, m_object);
 }
 
 namespace {
 
+template<class Use>
+void ForEachLeaf(const CGnlTypeInfor& type, void* place, const Use& use);
+
 /// Members go before the selectors, which tell whether they are there.
-void DestroyClass(const CClassInfor& infor, void* place)
+template<class Use>
+void ForEachLeafOf(const CClassInfor& infor, void* place, const Use& use)
 {
-    for (auto attrib = infor.AttribList.rbegin(); attrib != infor.AttribList.rend(); ++attrib) {
-        if (IsActiveAttrib(*attrib, place)) DestroyInPlace(attrib->TypeInfor, At(place, attrib->Offset));
+    for (const auto* const members : {&typeinfo::HiddenMembersOf(infor), &infor.AttribList}) {
+        for (auto member = members->rbegin(); member != members->rend(); ++member) {
+            if (IsActiveWithSelectors(*member, place)) ForEachLeaf(member->TypeInfor, At(place, member->Offset), use);
+        }
     }
 }
 
-/// A vector may be moved by its bytes: into one that its descriptor destroys. Without memory for that one, the room
-/// for elements that are no more is lost.
-void DestroyVector(const CGnlTypeInfor& type, void* place)
+/// Calls \p use for what a value that is made in place is made of: basic values, vectors, and pointer variables.
+template<class Use>
+void ForEachLeaf(const CGnlTypeInfor& type, void* place, const Use& use)
 {
-    const CGnlTypeInfor direct = HeldDirectly(type);
-    if (ContainerOf(type).Clear != nullptr) ContainerOf(type).Clear(place); // which frees what raw pointers own
-    try {
-        void* shell = direct.New();
-        std::memcpy(shell, place, type.Sizeof());
-        direct.Delete(shell);
-    } catch (const std::bad_alloc&) {
-    }
-}
-
-void DestroyDirect(const CGnlTypeInfor& type, void* place)
-{
-    if (type.DataType == DT_CLASS) return DestroyClass(ClassOf(type), place);
+    if (type.Has(HF_POINTER)) return use(type, place);
+    if (IsWrapped(type)) place = At(place, type.ValueOffset);
+    if (type.DataType == DT_CLASS) return ForEachLeafOf(ClassOf(type), place, use);
     if (type.DataType == DT_CUSTOM_BASIC) {
         const CCustomBasicTypeInfor& infor = CustomInfor(type);
-        return DestroyInPlace(infor.Underlying, At(place, static_cast<unsigned long>(infor.ValueOffset)));
+        return ForEachLeaf(infor.Underlying, At(place, static_cast<unsigned long>(infor.ValueOffset)), use);
     }
-    if (type.IsContainer()) {
-        if (!IsFixed(type)) return DestroyVector(type, place);
-        if (type.DataType == DT_BITSET) return;
-        return ForEachSlot(type, place, [&](void* slot) { DestroyInPlace(ContainerOf(type).ElementType, slot); });
-    }
+    if (!type.IsContainer() || !IsFixed(type)) return use(type, place);
+    if (type.DataType == DT_BITSET) return;
+    ForEachSlot(type, place, [&](void* slot) { ForEachLeaf(ContainerOf(type).ElementType, slot, use); });
+}
+
+bool IsVariableVector(const CGnlTypeInfor& type) { return !type.Has(HF_POINTER) && type.IsContainer(); }
+
+void DestroyPointee(const CGnlTypeInfor& type, void* place)
+{
+    void* pointee = nullptr;
+    std::memcpy(&pointee, place, sizeof pointee);
+    if (pointee != nullptr && !type.Has(HF_CONST)) type.Delete(pointee);
+    std::memset(place, 0, sizeof(void*));
+}
+
+void DestroyBasic(const CGnlTypeInfor& type, void* place)
+{
     core::VisitBasicType(type.DataType, [&](auto basic) {
         using T = typename decltype(basic)::Type;
         if constexpr (!std::is_same_v<T, core::CTextAtAddress>) std::destroy_at(static_cast<T*>(place));
@@ -292,16 +322,52 @@ void DestroyDirect(const CGnlTypeInfor& type, void* place)
 
 } // namespace
 
-void DestroyInPlace(const CGnlTypeInfor& type, void* place)
+CDestruction::~CDestruction()
 {
-    if (type.Has(HF_POINTER)) {
-        void* pointee = nullptr;
-        std::memcpy(&pointee, place, sizeof pointee);
-        if (pointee != nullptr && !type.Has(HF_CONST)) type.Delete(pointee);
-        std::memset(place, 0, sizeof(void*));
-    } else {
-        DestroyDirect(type, IsWrapped(type) ? At(place, type.ValueOffset) : place);
+    for (CShell& shell : m_shells)
+        shell.Type.Delete(shell.Vector);
+}
+
+void CDestruction::Add(const CGnlTypeInfor& type, void* place)
+{
+    m_values.emplace_back(&type, place);
+    const auto addShell = [&](const CGnlTypeInfor& leaf, void* at) {
+        if (!IsVariableVector(leaf)) return;
+        m_shells.push_back({HeldDirectly(leaf), at, nullptr});
+        m_shells.back().Vector = m_shells.back().Type.New();
+    };
+    ForEachLeaf(type, place, addShell);
+}
+
+/// A vector may be moved by its bytes: into the shell, which goes with this.
+void CDestruction::DestroyVector(const CGnlTypeInfor& type, void* place) noexcept
+{
+    if (ContainerOf(type).Clear != nullptr) ContainerOf(type).Clear(place); // which frees what raw pointers own
+    for (const CShell& shell : m_shells) {
+        if (shell.Place == place) std::memcpy(shell.Vector, place, type.Sizeof());
     }
+}
+
+void CDestruction::Run() noexcept
+{
+    const auto destroy = [&](const CGnlTypeInfor& leaf, void* at) {
+        if (leaf.Has(HF_POINTER)) return DestroyPointee(leaf, at);
+        if (IsVariableVector(leaf)) return DestroyVector(leaf, at);
+        DestroyBasic(leaf, at);
+    };
+    for (const auto& [type, place] : m_values)
+        ForEachLeaf(*type, place, destroy);
+}
+
+bool IsActiveWithSelectors(const CAttribInfor& attrib, const void* object)
+{
+    const CAttribInfor* member = &attrib;
+    for (int depth = 0; depth < MAX_UNION_DEPTH; ++depth) {
+        if (member->UnionSelector == nullptr) return true;
+        if (!IsActiveAttrib(*member, object)) return false;
+        member = member->UnionSelector;
+    }
+    return false;
 }
 
 } // namespace vexa::reference

@@ -1,10 +1,12 @@
 #include "reference/union_watch.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <vexa/container_infor.h>
 
 #include "reference/union_member.h"
+#include "typeinfo/kept_selectors.h"
 
 namespace vexa::reference {
 
@@ -12,31 +14,97 @@ using namespace Enum;
 
 namespace {
 
-bool IsResourceIn(const CAttribInfor& attrib, const CAttribInfor* selector)
+const std::list<CAttribInfor>& Hidden(const CClassInfor& infor) { return typeinfo::HiddenMembersOf(infor); }
+
+/// Whether a test holds for a union member of the class, shown or hidden.
+template<class Test>
+bool AnyUnionMember(const CClassInfor& infor, Test&& test)
 {
-    return attrib.UnionSelector == selector && HoldsResources(attrib.TypeInfor);
+    const auto isOne = [&](const CAttribInfor& attrib) { return attrib.UnionSelector != nullptr && test(attrib); };
+    return std::any_of(infor.AttribList.begin(), infor.AttribList.end(), isOne) ||
+           std::any_of(Hidden(infor).begin(), Hidden(infor).end(), isOne);
 }
 
-bool CanChangeHands(const CAttribInfor* member)
+/// A selector may have several records: it is told by its place.
+bool IsSame(const CAttribInfor& selector, const CAttribInfor& other)
 {
-    return !HoldsResources(member->TypeInfor) || IsMadeInPlace(member->TypeInfor);
+    return &selector == &other ||
+           (selector.Offset == other.Offset && selector.TypeInfor.DataType == other.TypeInfor.DataType);
 }
+
+/// The selector of the outermost union around a union member.
+const CAttribInfor& OutermostSelector(const CAttribInfor& member)
+{
+    const CAttribInfor* selector = member.UnionSelector;
+    for (int depth = 1; depth < MAX_UNION_DEPTH && selector->UnionSelector != nullptr; ++depth)
+        selector = selector->UnionSelector;
+    return *selector;
+}
+
+bool IsSelector(const CClassInfor& infor, const CAttribInfor& attrib)
+{
+    return AnyUnionMember(infor, [&](const CAttribInfor& member) { return IsSame(*member.UnionSelector, attrib); });
+}
+
+bool CanChangeHands(const CClassInfor& infor, const CAttribInfor& member)
+{
+    return !IsSelector(infor, member) && (!HoldsResources(member.TypeInfor) || IsMadeInPlace(member.TypeInfor));
+}
+
+/// Hands a union over from one value of its selector to another. Nothing is changed until nothing can fail.
+class CHandOver {
+public:
+    CHandOver(const CClassInfor& infor, void* object) : m_infor(infor), m_object(static_cast<char*>(object)) {}
+
+    /// \return false when a member cannot change hands.
+    bool Prepare(const CAttribInfor& selector, short from, short to)
+    {
+        return !AnyUnionMember(m_infor, [&](const CAttribInfor& member) {
+            const short value = member.UnionAttribEnum;
+            if ((value != from && value != to) || !IsSame(*member.UnionSelector, selector)) return false;
+            if (!CanChangeHands(m_infor, member)) return true;
+            char* const place = m_object + member.Offset;
+            if (value == from)
+                m_old.Add(member.TypeInfor, place);
+            else
+                m_new.emplace_back(place, member.TypeInfor);
+            return false;
+        });
+    }
+    void Run()
+    {
+        m_old.Run();
+        for (const auto& [place, model] : m_new)
+            model.MakeAt(place);
+    }
+
+private:
+    const CClassInfor& m_infor;
+    char* m_object;
+    CDestruction m_old;
+    std::vector<std::pair<void*, CModelValue>> m_new;
+};
 
 } // namespace
 
 bool IsGuarded(const CClassInfor& infor, const CAttribInfor& attrib)
 {
     if (attrib.UnionSelector == nullptr) return false;
-    return std::any_of(infor.AttribList.begin(), infor.AttribList.end(),
-                       [&](const CAttribInfor& other) { return IsResourceIn(other, attrib.UnionSelector); });
+    const CAttribInfor& outermost = OutermostSelector(attrib);
+    return AnyUnionMember(infor, [&](const CAttribInfor& member) {
+        return IsSame(OutermostSelector(member), outermost) && HoldsResources(member.TypeInfor);
+    });
+}
+
+bool IsOpen(const CClassInfor& infor, const CAttribInfor& attrib, const void* object)
+{
+    return IsActiveWithSelectors(attrib, object) || !IsGuarded(infor, attrib);
 }
 
 bool HasGuardedUnions(const CClassInfor& infor)
 {
-    if (infor.UnionEnumMap == nullptr) return false;
-    return std::any_of(infor.AttribList.begin(), infor.AttribList.end(), [](const CAttribInfor& attrib) {
-        return attrib.UnionSelector != nullptr && HoldsResources(attrib.TypeInfor);
-    });
+    if (infor.UnionEnumMap == nullptr && Hidden(infor).empty()) return false;
+    return AnyUnionMember(infor, [](const CAttribInfor& member) { return HoldsResources(member.TypeInfor); });
 }
 
 bool ContainsGuardedUnions(const CGnlTypeInfor& type)
@@ -54,79 +122,67 @@ bool ContainsGuardedUnions(const CGnlTypeInfor& type)
 
 CUnionWatch::CUnionWatch(const CClassInfor& infor, void* object) : m_infor(&infor), m_object(object)
 {
-    if (infor.UnionEnumMap == nullptr) return;
-    for (const CAttribInfor& attrib : infor.AttribList) {
-        const CAttribInfor* const selector = attrib.UnionSelector;
-        const bool isKnown = std::any_of(m_selected.begin(), m_selected.end(),
-                                         [&](const CSelected& known) { return known.Selector == selector; });
-        if (isKnown || !IsGuarded(infor, attrib)) continue;
-        CSelected selected{selector, 0, std::make_unique<const CMadeValue>()};
-        const CStdBasicTypeRefrence value = SelectorOf(selected);
-        selected.Value = value.As_short();
-        if (!value.IsNull()) AssignValue(selected.Whole->Get(), value);
-        m_selected.push_back(std::move(selected));
-    }
+    if (!HasGuardedUnions(infor)) return;
+    AnyUnionMember(infor, [&](const CAttribInfor& member) {
+        if (!IsWatched(*member.UnionSelector) && IsGuarded(infor, member)) Watch(*member.UnionSelector);
+        return false;
+    });
 }
 
 CUnionWatch::~CUnionWatch()
 {
-    try {
-        Settle();
-    } catch (...) { // the unions are as they were
+    while (!m_selected.empty()) {
+        try {
+            Settle();
+        } catch (...) { // the union is as it was
+        }
     }
+}
+
+bool CUnionWatch::IsWatched(const CAttribInfor& selector) const
+{
+    return std::any_of(m_selected.begin(), m_selected.end(),
+                       [&](const CSelected& known) { return IsSame(*known.Selector, selector); });
+}
+
+/// A selector that is not active is none: another member has its bytes.
+void CUnionWatch::Watch(const CAttribInfor& selector)
+{
+    if (!IsActiveWithSelectors(selector, m_object)) return;
+    m_selected.push_back({&selector, ValueOf(selector), CSavedSelector(selector.TypeInfor, PlaceOf(selector))});
 }
 
 bool CUnionWatch::Settle()
 {
     bool isSettled = true;
-    while (!m_selected.empty()) {
-        const CSelected selected = std::move(m_selected.back());
-        m_selected.pop_back();
-        const short value = SelectorOf(selected).As_short();
-        if (value != selected.Value && !HandOver(selected, value)) isSettled = false;
-    }
+    while (!m_selected.empty())
+        isSettled = SettleLast() && isSettled;
     return isSettled;
 }
 
-CStdBasicTypeRefrence CUnionWatch::SelectorOf(const CSelected& selected) const
+short CUnionWatch::ValueOf(const CAttribInfor& selector) const
 {
-    CStdBasicTypeRefrence selector;
-    selector.TypeInfor = selected.Selector->TypeInfor;
-    selector.Address = PlaceOf(*selected.Selector);
-    return selector;
+    return CStdBasicTypeConstRefrence(selector.TypeInfor, PlaceOf(selector)).As_short();
 }
 
-std::vector<const CAttribInfor*> CUnionWatch::MembersOf(const CAttribInfor* selector, short value) const
+bool CUnionWatch::SettleLast()
 {
-    std::vector<const CAttribInfor*> members;
-    for (const CAttribInfor& attrib : m_infor->AttribList) {
-        if (attrib.UnionSelector == selector && attrib.UnionAttribEnum == value) members.push_back(&attrib);
-    }
-    return members;
-}
-
-bool CUnionWatch::HandOver(const CSelected& selected, short value)
-{
-    const auto takeBack = [&] { SelectorOf(selected).ReadFrom(selected.Whole->AsRefrence()); };
-    const auto from = MembersOf(selected.Selector, selected.Value);
-    const auto to = MembersOf(selected.Selector, value);
-    if (!std::all_of(from.begin(), from.end(), CanChangeHands) || !std::all_of(to.begin(), to.end(), CanChangeHands)) {
-        takeBack();
-        return false;
-    }
-    std::vector<CModelValue> models;
+    CSelected selected = std::move(m_selected.back());
+    m_selected.pop_back();
+    const short value = ValueOf(*selected.Selector);
+    if (value == selected.Value) return true;
+    CHandOver handOver(*m_infor, m_object);
     try {
-        for (const CAttribInfor* const member : to)
-            models.emplace_back(member->TypeInfor);
+        if (handOver.Prepare(*selected.Selector, selected.Value, value)) {
+            handOver.Run();
+            return true;
+        }
     } catch (...) {
-        takeBack();
+        selected.Saved.PutBack();
         throw;
     }
-    for (const CAttribInfor* const member : from)
-        DestroyInPlace(member->TypeInfor, PlaceOf(*member));
-    for (std::size_t i = 0; i < to.size(); ++i)
-        models[i].MakeAt(PlaceOf(*to[i]));
-    return true;
+    selected.Saved.PutBack();
+    return false;
 }
 
 } // namespace vexa::reference

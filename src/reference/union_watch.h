@@ -1,16 +1,18 @@
 #ifndef VEXA_REFERENCE_UNION_WATCH_H
 #define VEXA_REFERENCE_UNION_WATCH_H
 
-#include <memory>
 #include <vector>
 
 #include <vexa/class_refrence.h>
 
-#include "reference/custom_value.h"
+#include "reference/saved_selector.h"
 
 // Unions with a member that holds a pointer or needs a destructor: what one member left there must never be taken for
 // another. Such a member is touched only while it is the active one; when what is read changes the selector, the member
-// that was active is destroyed and the one that becomes active is made.
+// that was active is destroyed and the one that becomes active is made. Members that a class hides count too.
+//
+// Where a selector is a union member itself, the two unions may share their bytes: both are guarded as one, and the
+// selector neither becomes active nor ceases to be.
 
 namespace vexa::reference {
 
@@ -20,6 +22,8 @@ bool HasGuardedUnions(const CClassInfor& infor);
 bool ContainsGuardedUnions(const CGnlTypeInfor& type);
 /// Whether the attribute is a member of such a union.
 bool IsGuarded(const CClassInfor& infor, const CAttribInfor& attrib);
+/// Whether an attribute of the object may be touched: the members of such a union only while they are active.
+bool IsOpen(const CClassInfor& infor, const CAttribInfor& attrib, const void* object);
 
 /// Looks at the selectors of an object's guarded unions before something in the object is changed, and again after it.
 /// Unions whose selectors do not change are left alone.
@@ -33,20 +37,21 @@ public:
     ~CUnionWatch();
 
     /// Hands over the unions whose selectors have changed. \return false when a member cannot be made or destroyed
-    /// where it lies: then the selector has its old value again, and the union is as it was. Throws std::bad_alloc, and
-    /// the same holds then.
+    /// where it lies, or is the selector of another union: then the selector has its old value again, and the union is
+    /// as it was. Throws std::bad_alloc, and the same holds then of every union that has not been handed over.
     bool Settle();
 
 private:
     struct CSelected {
         const CAttribInfor* Selector;
         short Value;
-        std::unique_ptr<const CMadeValue> Whole;
+        CSavedSelector Saved;
     };
 
-    CStdBasicTypeRefrence SelectorOf(const CSelected& selected) const;
-    bool HandOver(const CSelected& selected, short value);
-    std::vector<const CAttribInfor*> MembersOf(const CAttribInfor* selector, short value) const;
+    short ValueOf(const CAttribInfor& selector) const;
+    bool IsWatched(const CAttribInfor& selector) const;
+    void Watch(const CAttribInfor& selector);
+    bool SettleLast();
     void* PlaceOf(const CAttribInfor& attrib) const { return static_cast<char*>(m_object) + attrib.Offset; }
 
     const CClassInfor* m_infor;

@@ -45,15 +45,17 @@ private:
     const CGnlClass* m_object;
 };
 
-/// Finds the attributes of one object by their keys. Text that was written from such an object has them in the order of
-/// the class, so the next few records are tried before the index.
+/// Finds the attributes of one object by their keys, as the index has them. Text that was written from such an object
+/// has them in the order of the class, so the next few records are tried before the index: all of them are in it, since
+/// indexing takes out the others, but a list that is longer than its index has records that cannot be found by name.
 class CClassKeys {
 public:
     static constexpr bool IS_CLASS = true;
 
     explicit CClassKeys(const CClassConstRefrence& object)
         : m_infor(object.ClassInfor()), m_address(static_cast<char*>(object.ValueAddress())),
-          m_next(m_infor.AttribList.begin()), m_end(m_infor.AttribList.end()),
+          m_next(m_infor.AttribList.begin()),
+          m_end(m_infor.AttribNameMap.size() == m_infor.AttribList.size() ? m_infor.AttribList.end() : m_next),
           m_isGuarded(reference::HasGuardedUnions(m_infor))
     {
     }
@@ -74,7 +76,7 @@ public:
     /// Whether the class has unions that must be watched while one of its attributes is read.
     bool IsGuarded() const { return m_isGuarded; }
     /// Whether the attribute that was found last may be touched.
-    bool IsFoundOpen() const { return !reference::IsGuarded(m_infor, *m_found) || IsActiveAttrib(*m_found, m_address); }
+    bool IsFoundOpen() const { return reference::IsOpen(m_infor, *m_found, m_address); }
     reference::CUnionWatch Watch() const { return {m_infor, m_address}; }
 
 private:

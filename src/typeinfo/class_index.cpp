@@ -33,15 +33,17 @@ void AddToIDMap(CAttribIDMap*& map, const CClassInfor& owner, short key, const C
     map->AddAttrib(owner, key, &record);
 }
 
-/// Takes a record whose name is taken out of the list. \return the next one.
+/// Takes a record whose name is taken out of the list. What unions need of it is kept. \return the next one.
 CClassInfor::AttribPosition RemoveDuplicate(CClassInfor& owner, CClassInfor::AttribPosition duplicate)
 {
-    const bool isSelector =
-        std::any_of(owner.AttribList.begin(), owner.AttribList.end(),
-                    [&](const CAttribInfor& record) { return record.UnionSelector == &*duplicate; });
-    if (!isSelector) return owner.AttribList.erase(duplicate);
+    const auto isSelectorIn = [&](const std::list<CAttribInfor>& records) {
+        return std::any_of(records.begin(), records.end(),
+                           [&](const CAttribInfor& record) { return record.UnionSelector == &*duplicate; });
+    };
+    const bool isSelector = isSelectorIn(owner.AttribList) || isSelectorIn(typeinfo::HiddenMembersOf(owner));
+    if (!isSelector && duplicate->UnionSelector == nullptr) return owner.AttribList.erase(duplicate);
     const auto next = std::next(duplicate);
-    typeinfo::KeepSelector(owner, duplicate);
+    typeinfo::KeepHidden(owner, duplicate);
     return next;
 }
 

@@ -54,6 +54,7 @@ void CClassInfor::InheritFromBaseClass_Impl(unsigned long offset, const CClassIn
         record.IsInherited = 1;
         record.Sequence = static_cast<unsigned short>(AttribList.size());
     }
+    typeinfo::InheritHiddenMembers(*this, base, offset);
 }
 
 const CAttribIDMap& CClassInfor::AttribIDMap() const

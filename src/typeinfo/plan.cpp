@@ -7,6 +7,7 @@
 
 #include "core/basic_types.h"
 #include "typeinfo/flat_names.h"
+#include "typeinfo/kept_selectors.h"
 
 namespace vexa::typeinfo {
 
@@ -42,7 +43,7 @@ CValuePlan::CValuePlan(const CGnlTypeInfor& type, unsigned long offset)
     IsPlain = Held == Holding::DIRECT && !type.Has(HF_CONST);
 }
 
-CPlan::CPlan(const CClassInfor& infor)
+CPlan::CPlan(const CClassInfor& infor) : m_hasUnions(!HiddenMembersOf(infor).empty())
 {
     m_records.reserve(infor.AttribList.size());
     for (const CAttribInfor& attrib : infor.AttribList) {
