@@ -24,14 +24,15 @@
 /// Describing functions may run several times and must do nothing but describe.
 
 /// Describes a class by its members, in order, up to 1000 of them. At namespace scope, in the class's own namespace. A
-/// class without members to describe takes VEXA_DESCRIBE_CLASS with empty braces.
+/// class without members to describe takes VEXA_DESCRIBE_CLASS with empty braces; so does one with a member that is
+/// named by its base, `Base::member`.
 #define VEXA_DESCRIBE(Type, ...)                                                                                       \
     VEXA_DESCRIBE_CLASS(Type)                                                                                          \
     {                                                                                                                  \
         VEXA_DETAIL_QUIET_OFFSETS                                                                                      \
         about.Members<void VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_DECLARED, Type, __VA_ARGS__)>(                             \
             [](auto* vexaObject, ::vexa::detail::CDescriptionBase& vexaAbout) __attribute__((always_inline))           \
-                ->decltype(::vexa::detail::AreReachable(vexaObject VEXA_DETAIL_FOR_EACH(                               \
+                ->decltype(::vexa::detail::FaultOf(vexaObject VEXA_DETAIL_FOR_EACH(                                    \
                     VEXA_DETAIL_POINTER, std::remove_pointer_t<decltype(vexaObject)>, __VA_ARGS__))) {                 \
                     using VexaType = std::remove_pointer_t<decltype(vexaObject)>;                                      \
                     constexpr ::vexa::detail::CTypeSource VEXA_MEMBERS[] = {                                           \

@@ -38,16 +38,45 @@ unsigned long OffsetOf(Member Class::*member)
 template<class T>
 CClassSlot& ClassSlotOf();
 
-/// Whether each of these designates a member of T or of a base at a fixed place.
-template<class T, class Pointer>
-inline constexpr bool IS_REACHABLE_MEMBER = false;
-template<class T, class M, class C>
-inline constexpr bool IS_REACHABLE_MEMBER<T, M C::*> = std::is_same_v<C, T> || IS_FIXED_BASE<C, T>;
+/// Why what a description names cannot be described as a member of the class.
+enum class MemberFault { NONE, STATIC, UNREACHABLE };
 
-template<class T, class... M>
-std::true_type AreReachable(T*, M T::*...);
+/// A static member is designated by a plain pointer.
+template<class T, class Pointer>
+inline constexpr MemberFault MEMBER_FAULT = MemberFault::STATIC;
+template<class T, class M, class C>
+inline constexpr MemberFault MEMBER_FAULT<T, M C::*> =
+    std::is_same_v<C, T> || IS_FIXED_BASE<C, T> ? MemberFault::NONE : MemberFault::UNREACHABLE;
+
+// Loops, not folds: Clang folds no more than 256.
 template<class T, class... Pointers>
-std::bool_constant<(IS_REACHABLE_MEMBER<T, Pointers> && ...)> AreReachable(T*, Pointers...);
+constexpr MemberFault FirstFault()
+{
+    constexpr MemberFault FAULTS[] = {MemberFault::NONE, MEMBER_FAULT<T, Pointers>...};
+    for (const MemberFault fault : FAULTS) {
+        if (fault != MemberFault::NONE) return fault;
+    }
+    return MemberFault::NONE;
+}
+template<class... Declared>
+constexpr bool IsAnyReference()
+{
+    constexpr bool ARE_REFERENCES[] = {false, std::is_reference_v<Declared>...};
+    for (const bool isReference : ARE_REFERENCES) {
+        if (isReference) return true;
+    }
+    return false;
+}
+
+template<MemberFault FAULT>
+struct CMemberFault {
+    static constexpr MemberFault VALUE = FAULT;
+};
+/// Most descriptions name members of their own class only, which needs no look at each.
+template<class T, class... M>
+CMemberFault<MemberFault::NONE> FaultOf(T*, M T::*...);
+template<class T, class... Pointers>
+CMemberFault<FirstFault<T, Pointers...>()> FaultOf(T*, Pointers...);
 
 /// The record of one member of VEXA_DESCRIBE.
 template<class M>
@@ -97,15 +126,17 @@ public:
     template<class, class... Declared, class List>
     void Members(List list)
     {
-        constexpr bool IS_ANY_REFERENCE = (std::is_reference_v<Declared> || ...);
+        constexpr bool IS_ANY_REFERENCE = detail::IsAnyReference<Declared...>();
         constexpr bool IS_ADDRESSABLE = std::is_invocable_v<List, T*, CDescriptionBase&>;
         static_assert(!IS_ANY_REFERENCE, "a reference member cannot be described: make it a pointer or a value");
         static_assert(IS_ANY_REFERENCE || IS_ADDRESSABLE,
                       "a bit-field cannot be described: make it a member of its full type");
         if constexpr (IS_ADDRESSABLE) {
-            constexpr bool IS_REACHABLE = std::invoke_result_t<List, T*, CDescriptionBase&>::value;
-            static_assert(IS_REACHABLE, VEXA_DETAIL_FIXED_BASE_TEXT);
-            if constexpr (IS_REACHABLE) list(static_cast<T*>(nullptr), *this);
+            constexpr detail::MemberFault FAULT = std::invoke_result_t<List, T*, CDescriptionBase&>::VALUE;
+            static_assert(FAULT != detail::MemberFault::STATIC,
+                          "a static member cannot be described, which belongs to no object: describe a data member");
+            static_assert(FAULT != detail::MemberFault::UNREACHABLE, VEXA_DETAIL_FIXED_BASE_TEXT);
+            if constexpr (FAULT == detail::MemberFault::NONE) list(static_cast<T*>(nullptr), *this);
         }
     }
 };

@@ -1,6 +1,7 @@
 #ifndef VEXA_DETAIL_CLASS_SLOT_H
 #define VEXA_DETAIL_CLASS_SLOT_H
 
+#include <algorithm>
 #include <vexa/detail/class_description.h>
 #include <vexa/value.h>
 
@@ -83,13 +84,15 @@ template<class T>
 inline CCustomSlot CUSTOM_SLOT{
     [](CCustomBasicTypeInfor*& descriptor) { VexaDescribeCustom(CCustomTag<T>(), descriptor); }};
 
+/// Bytes that the 16-bit value offset of a custom type reaches.
+inline constexpr std::size_t CUSTOM_REACH = 0x8000;
+
 /// Tells at compile time whether a member lies too far into its class for the 16-bit value offset of a custom type: it
 /// is compared with one that lies just beyond.
 template<class Class, class Member>
 union CFarProbe {
-    static constexpr std::size_t LIMIT = 0x8000;
     struct CBeyond {
-        char Before[LIMIT];
+        char Before[CUSTOM_REACH];
         Member First;
     };
 
@@ -97,18 +100,18 @@ union CFarProbe {
     CBeyond Beyond;
     ~CFarProbe() {}
 };
-template<class Class, class Member>
-extern CFarProbe<Class, Member> FAR_PROBE; // only its addresses are spoken of
-
 #ifdef __clang__
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wundefined-var-template"
+#pragma clang diagnostic ignored "-Wundefined-internal"
 #endif
+template<class Class, class Member>
+extern CFarProbe<Class, Member> FAR_PROBE; // only its addresses are spoken of
+
 template<auto MEMBER, class Class, class M>
 constexpr bool IsFarMember()
 {
-    using Probe = CFarProbe<Class, M>;
-    if constexpr (sizeof(Class) <= Probe::LIMIT)
+    if constexpr (sizeof(Class) <= CUSTOM_REACH)
         return false;
     else
         return !(std::addressof(FAR_PROBE<Class, M>.Object.*MEMBER) < std::addressof(FAR_PROBE<Class, M>.Beyond.First));
@@ -214,7 +217,7 @@ template<class Container>
 constexpr unsigned int StrideOf()
 {
     if constexpr (FormOf<Container>() != 0)
-        return static_cast<unsigned int>(sizeof(typename CElementOf<Container>::Type));
+        return static_cast<unsigned int>(std::min<std::size_t>(sizeof(typename CElementOf<Container>::Type), ~0U));
     else
         return 0;
 }

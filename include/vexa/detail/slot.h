@@ -9,7 +9,7 @@
 #include <vexa/export.h>
 
 /// \file
-/// Where the descriptors that the description layer makes are kept, and the compiled functions that make them.
+/// Where the descriptors that the description layer makes are kept, and the constant records that they are made from.
 /// Everything here is built under the global recursive lock; no function-local static stands around a registration.
 
 namespace vexa::detail {
@@ -73,7 +73,7 @@ struct CClassSlot : CSlot {
 /// Everything that the library must know of a container type to describe it.
 struct CContainerRecord {
     const char* Name;
-    unsigned int Size;
+    unsigned long Size;
     unsigned int Form;   ///< CFinishedMark::VECTOR, SLOTS or none
     unsigned int Stride; ///< bytes from one element to the next, where there is a form
     void* (*Factory)();

@@ -5,9 +5,9 @@
 #include <vexa/export.h>
 
 /// \file
-/// The operations of every std::vector with the standard allocator, whatever its elements: they need no more of these
-/// than their size and one function. A vector is three pointers: to its first element, behind its last one, and behind
-/// its room.
+/// The operations of a std::vector with the standard allocator for most kinds of elements (CVectorTrait tells which):
+/// they need no more of these than their size and one function. A vector is three pointers: to its first element,
+/// behind its last one, and behind its room.
 
 namespace vexa::detail {
 
