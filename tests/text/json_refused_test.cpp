@@ -173,11 +173,11 @@ TEST(JsonRefused, AReadOnlyMemberIsRefusedAndWhatWasReadStays)
 }
 
 struct SealedKinds {
-    const vexa::CNumeric exact;
+    const vexa::CNumeric exact{};
     const tm time{};
-    const std::bitset<3> bits;
-    const vexa::CValue any;
-    const vexa::CGnlClass record;
+    const std::bitset<3> bits{};
+    const vexa::CValue any{};
+    const vexa::CGnlClass record{};
     const vexa::CNumeric* pointer = nullptr;
     const void* memory = nullptr;
     const Address* shared = nullptr;
