@@ -37,6 +37,7 @@ public:
     static constexpr std::uint32_t SLOTS = 4;  ///< the container's elements lie in itself, from its start to its end
     static constexpr std::uint32_t CONTAINER =
         8; ///< made by the description layer, all operations its own, with room for a plan behind it
+    static constexpr std::uint32_t SHAPE = 16; ///< a custom type whose structure is known, with its shape behind it
 
     constexpr CFinishedMark() noexcept = default;
     constexpr CFinishedMark(const CFinishedMark&) noexcept {}

@@ -16,6 +16,7 @@
 #include "typeinfo/class_graph.h"
 #include "typeinfo/finished_class.h"
 #include "typeinfo/kept_selectors.h"
+#include "typeinfo/notes.h"
 #include "typeinfo/registration.h"
 #include "typeinfo/slot_group.h"
 
@@ -60,6 +61,7 @@ void Make(CContainerSlot& slot)
     made.Clear = record.Clear;
     record.Fill(made);
     made.ElementType = MakeTypeInfor(record.Element);
+    made.ElementNames = typeinfo::EnumerationOf(record.Element);
     if (record.Form == CFinishedMark::VECTOR) CheckVectorLayout();
     made.Mark.Set(CFinishedMark::CONTAINER);
     if (record.Form != 0) made.Mark.Set(record.Form, record.Stride);
@@ -81,6 +83,7 @@ void MakeBySlotForm(CSlot& slot)
     case SlotForm::CLASS: return Make(static_cast<CClassSlot&>(slot));
     case SlotForm::CONTAINER: return Make(static_cast<CContainerSlot&>(slot));
     case SlotForm::CUSTOM: return Make(static_cast<CCustomSlot&>(slot));
+    case SlotForm::ENUMERATION: return; // is constant
     }
 }
 

@@ -5,25 +5,51 @@
 
 #include <vexa/class_infor.h>
 #include <vexa/container_infor.h>
+#include <vexa/custom_type_infor.h>
+#include <vexa/detail/enumeration.h>
+#include <vexa/detail/shape.h>
 
 namespace vexa::typeinfo {
 
 class CPlan;
 class CContainerPlan;
 class CFlatNames;
+struct CClassNotes;
+
+/// What a higher room keeps behind a descriptor. It is made at the first use, published once, and goes with the
+/// descriptor.
+class CKept {
+public:
+    virtual ~CKept() = default;
+};
 
 /// A class descriptor as registration makes it: with room behind the public fields for the plan by which its objects
-/// are walked fast. The plan is made at the first use, published once, and lives as long as the descriptor.
+/// are walked fast. The plan is made at the first use, published once, and lives as long as the descriptor. What it
+/// owns is released by the descriptor's own destructor, since an application may delete it as a CClassInfor.
 struct CFinishedClass : CClassInfor {
     CClassInfor** Slot = nullptr;         ///< the application's, in a class that it registers itself
     CFinishedClass* MadeBefore = nullptr; ///< while such a class may still be withdrawn
     mutable std::atomic<const CPlan*> Plan{nullptr};
     mutable std::atomic<const CFlatNames*> FlatNames{nullptr};
+    CClassNotes* Notes = nullptr;                    ///< owned; null where the description says nothing of them
+    mutable std::atomic<const CKept*> Form{nullptr}; ///< owned; of the standard formats
 };
 
 /// A container descriptor as the description layer makes it, with the same room.
 struct CFinishedContainer : CContainerInfor {
+    ~CFinishedContainer() { delete Form.load(std::memory_order_relaxed); }
+
     mutable std::atomic<const CContainerPlan*> Plan{nullptr};
+    const detail::CEnumerationSlot* ElementNames = nullptr; ///< of the elements' values, where they have names
+    mutable std::atomic<const CKept*> Form{nullptr};
+};
+
+/// The descriptor of a custom type whose structure is known.
+struct CFinishedCustom : CCustomBasicTypeInfor {
+    ~CFinishedCustom() { delete Form.load(std::memory_order_relaxed); }
+
+    const detail::CShape* Shape = nullptr;
+    mutable std::atomic<const CKept*> Form{nullptr};
 };
 
 /// The descriptor with its room for a plan, or null for one that no registration has finished.
@@ -35,6 +61,11 @@ inline const CFinishedClass* FinishedClass(const CClassInfor& infor) noexcept
 inline const CFinishedContainer* FinishedContainer(const CContainerInfor& infor) noexcept
 {
     return infor.Mark.Is(detail::CFinishedMark::CONTAINER) ? static_cast<const CFinishedContainer*>(&infor) : nullptr;
+}
+
+inline const CFinishedCustom* FinishedCustom(const CCustomBasicTypeInfor& infor) noexcept
+{
+    return infor.Mark.Is(detail::CFinishedMark::SHAPE) ? static_cast<const CFinishedCustom*>(&infor) : nullptr;
 }
 
 } // namespace vexa::typeinfo

@@ -8,6 +8,7 @@
 #include "core/basic_types.h"
 #include "typeinfo/flat_names.h"
 #include "typeinfo/kept_selectors.h"
+#include "typeinfo/notes.h"
 
 namespace vexa::typeinfo {
 
@@ -138,6 +139,8 @@ void ReleasePlan(const CClassInfor& infor) noexcept
     if (finished == nullptr) return;
     delete finished->Plan.load();
     delete finished->FlatNames.load();
+    delete finished->Form.load();
+    delete finished->Notes;
 }
 
 } // namespace vexa::typeinfo

@@ -12,13 +12,22 @@ detail::CSlot* s_made = nullptr;
 /// The same of the classes that the application registers itself.
 CFinishedClass* s_madeClass = nullptr;
 
+void DestroyCustom(CCustomBasicTypeInfor* descriptor) noexcept
+{
+    if (descriptor != nullptr && FinishedCustom(*descriptor) != nullptr)
+        delete static_cast<CFinishedCustom*>(descriptor);
+    else
+        delete descriptor;
+}
+
 void Destroy(detail::SlotForm form, void* descriptor) noexcept
 {
     switch (form) {
     case detail::SlotForm::TYPE: delete static_cast<CGnlTypeInfor*>(descriptor); break;
     case detail::SlotForm::CLASS: delete static_cast<CFinishedClass*>(descriptor); break;
     case detail::SlotForm::CONTAINER: delete static_cast<CFinishedContainer*>(descriptor); break;
-    case detail::SlotForm::CUSTOM: delete static_cast<CCustomBasicTypeInfor*>(descriptor); break;
+    case detail::SlotForm::CUSTOM: DestroyCustom(static_cast<CCustomBasicTypeInfor*>(descriptor)); break;
+    case detail::SlotForm::ENUMERATION: break; // is never filled
     }
 }
 

@@ -16,7 +16,7 @@ namespace vexa::detail {
 
 class CDescriptionBase;
 
-enum class SlotForm : unsigned char { TYPE, CLASS, CONTAINER, CUSTOM };
+enum class SlotForm : unsigned char { TYPE, CLASS, CONTAINER, CUSTOM, ENUMERATION };
 
 /// Where the descriptor of one type is kept. It can be read without the lock when every registration that was in
 /// progress together with its own has ended, so that a reader never follows it into one that is still being built; it

@@ -1,0 +1,107 @@
+#ifndef VEXA_EVENT_H
+#define VEXA_EVENT_H
+
+#include <cstddef>
+#include <string_view>
+
+#include <vexa/date_time.h>
+#include <vexa/export.h>
+#include <vexa/report.h>
+
+/// \file
+/// The seam between described objects and the formats that they are written in: a format hands over a text as a row of
+/// events (CEventSource) and takes an object as one (CEventSink). JSON is built in; a further format is these two
+/// classes over a library that knows its grammar. See vexa/interchange.h for what reads and writes through them.
+
+namespace vexa {
+
+enum class EventKind : unsigned char {
+    END, ///< behind the last value
+    NULL_VALUE,
+    BOOL,
+    SIGNED,
+    UNSIGNED, ///< only what does not fit a SIGNED need be one
+    FLOATING, ///< any other number
+    STRING,
+    BYTES,
+    DATE_TIME,
+    BEGIN_OBJECT,
+    KEY, ///< before each value of an object
+    END_OBJECT,
+    BEGIN_ARRAY,
+    END_ARRAY
+};
+
+/// One event. Only the fields of its kind mean anything.
+struct CEvent {
+    static constexpr std::size_t UNKNOWN_SIZE = static_cast<std::size_t>(-1);
+
+    EventKind Kind = EventKind::END;
+    /// Whether Text stays as it is until the source is gone; otherwise until the next event.
+    bool IsTextKept = false;
+    bool Bool = false;
+    long long Signed = 0;
+    unsigned long long Unsigned = 0;
+    double Floating = 0;
+    /// STRING, KEY: in UTF-8. BYTES: the bytes. Numbers: as they are written, in JSON's grammar, for targets that keep
+    /// every digit; empty where the format has no text for them.
+    std::string_view Text;
+    CDateTime Time;                  ///< DATE_TIME: in UTC
+    std::size_t Size = UNKNOWN_SIZE; ///< BEGIN_OBJECT, BEGIN_ARRAY: number of values, if the format tells
+    std::size_t Offset = 0;          ///< where its first byte stands in the text
+    std::size_t Length = 0;          ///< bytes that it takes there
+};
+
+/// What a format can tell apart. What it cannot is written in the form that JSON has for it.
+struct CFormatAbilities {
+    bool HasNull = true;
+    bool HasBytes = false;                ///< else base64 text
+    bool HasDateTime = false;             ///< else RFC 3339 text
+    bool TellsIntegersFromFloats = false; ///< else a floating value without fraction may come back as an integer
+    bool HasIntegerKeys = false;          ///< else integer keys are text
+    bool HasLines = true;                 ///< a place is told by line and column, else by its byte
+};
+
+/// Hands over a text as events. Nesting is bounded by whoever asks; the source itself need not look at it, unless it
+/// recurses.
+class VEXA_API CEventSource {
+public:
+    virtual ~CEventSource();
+    virtual CFormatAbilities Abilities() const = 0;
+    /// The next event. \return false where the grammar is broken: \p problem then has a code and a place, and may say
+    /// what was expected and found; nothing more may be asked for.
+    virtual bool Next(CEvent& event, CProblem& problem) = 0;
+    /// Line and column of a byte, for a place that an event of this source has told. Does nothing in a format without
+    /// lines.
+    virtual void Locate(CTextPlace& place);
+};
+
+/// Takes an object as events, in order. A size that is UNKNOWN_SIZE is not known beforehand; a sink whose format needs
+/// it keeps what comes until the end.
+class VEXA_API CEventSink {
+public:
+    virtual ~CEventSink();
+    virtual CFormatAbilities Abilities() const = 0;
+    virtual void Null() = 0;
+    virtual void Bool(bool value) = 0;
+    virtual void Signed(long long value) = 0;
+    virtual void Unsigned(unsigned long long value) = 0;
+    virtual void Floating(double value) = 0;
+    /// A number by its digits, in JSON's grammar: what no other event holds without loss (CNumeric, long double).
+    virtual void Number(std::string_view digits) = 0;
+    virtual void String(std::string_view text) = 0;
+    virtual void Bytes(std::string_view bytes) = 0;   ///< only with the ability
+    virtual void DateTime(const CDateTime& time) = 0; ///< only with the ability
+    virtual void BeginObject(std::size_t size) = 0;
+    virtual void Key(std::string_view name) = 0;
+    virtual void IntegerKey(long long key) = 0; ///< only with the ability
+    virtual void EndObject() = 0;
+    virtual void BeginArray(std::size_t size) = 0;
+    virtual void EndArray() = 0;
+    /// A JSON value as it stands (CRawJson). By default it is parsed and comes as its events.
+    virtual void RawJson(std::string_view json);
+};
+
+} // namespace vexa
+
+#endif
