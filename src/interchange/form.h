@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <deque>
 #include <map>
 #include <memory>
 #include <string>
@@ -36,6 +37,7 @@ enum class FormKind : unsigned char {
     INSERTED,   ///< elements are made by themselves and inserted: sets
     MAP,        ///< INSERTED, of pairs whose keys can stand as keys of an object
     PAIR_MAP,   ///< INSERTED, of other pairs: an array of arrays of two
+    PAIR,       ///< a std::pair: a class of two attributes that stands as an array
     ARRAY,      ///< places that are there
     CHAR_ARRAY, ///< an ARRAY of char: text up to the first NUL
     BITSET,
@@ -109,7 +111,15 @@ struct CMember : CForm {
     std::uint32_t Number = 0; ///< its place in CClassForm::Members
     bool IsMasked = false;
     const CAttribInfor* Infor = nullptr;
+    const CClassInfor* Owner = nullptr; ///< the class whose attribute it is: a flattened one or the class itself
+    std::uint32_t OwnerOffset = 0; ///< from the object to the one whose attribute it is: a flattened one or the object
     const typeinfo::CMemberNotes* Notes = nullptr; ///< null where there are none: most often
+};
+
+/// A class whose object lies in another, which shows its attributes as its own.
+struct CFlattened {
+    const CClassInfor* Infor = nullptr;
+    std::uint32_t Offset = 0;
 };
 
 /// A class.
@@ -120,7 +130,8 @@ struct CClassForm {
     std::vector<std::uint32_t> Required;
     typeinfo::CNameTable Keys; ///< keys and aliases to numbers in KeyOwners
     std::vector<std::uint32_t> KeyOwners;
-    std::uint32_t Keeper = NO_MEMBER; ///< the member that takes unknown keys
+    std::uint32_t Keeper = NO_MEMBER;  ///< the member that takes unknown keys
+    std::vector<CFlattened> Flattened; ///< objects inside whose attributes are among Members
     bool HasUnions = false;
     bool HasNotes = false;  ///< some member needs more than its key and value
     bool HasMasked = false; ///< some member is confidential
@@ -143,6 +154,7 @@ struct CContainerForm {
 
 /// The parts of a shape.
 struct CShapeForm {
+    std::deque<CGnlTypeInfor> Types; ///< of the parts
     std::vector<CForm> Parts;
 };
 
@@ -157,13 +169,16 @@ public:
 
     const CClassForm& Of(const CClassInfor& infor);
     const CContainerForm& Of(const CContainerInfor& infor);
-    const CShapeForm& Of(const detail::CShape& shape);
+    const CShapeForm& Of(const CCustomBasicTypeInfor& shaped);
 
     /// Whether a confidential attribute can be met anywhere inside.
     bool ReachesMasked(const CForm& form);
 
 private:
     struct COwn;
+    template<class Form, class Infor>
+    const Form& OwnOf(std::map<const void*, std::unique_ptr<const Form>> COwn::*forms, const Infor& infor);
+
     std::unique_ptr<COwn> m_own; ///< made at the first descriptor made by hand
 };
 

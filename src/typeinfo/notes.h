@@ -75,6 +75,8 @@ inline const CClassNotes* NotesOf(const CClassInfor& infor) noexcept
 }
 /// The notes of one attribute record; null where there are none.
 const CMemberNotes* NotesOf(const CClassInfor& owner, const CAttribInfor& record) noexcept;
+/// The key under which an attribute is written: its own, or its name in the style of the class.
+std::string KeyOf(const CClassInfor& owner, const CAttribInfor& record);
 /// The notes of a class that is being described, made when they are missing.
 CClassNotes& NotesToFill(CClassInfor& infor);
 
