@@ -16,7 +16,7 @@ instructions() {
 status=0
 counts=()
 printf '%-8s %15s %15s %8s\n' workload instructions stored change
-for workload in W1 W2 R1 R2 Text Names; do
+for workload in W1 W2 R1 R2 SW1 SW2 SR1 SR2 Text Names; do
     once=$(instructions "$workload" 1)
     thrice=$(instructions "$workload" 3)
     count=$(((thrice - once) / 2))

@@ -1,11 +1,13 @@
 // Runs one workload a given number of times and nothing else, for a tool that counts instructions: the difference
-// between two runs is the price of the workload itself. counted <W1 | W2 | R1 | R2 | Text | Names> <times>
+// between two runs is the price of the workload itself. counted <workload> <times>; without a workload it lists them.
 
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <map>
 #include <string>
+
+#include <vexa/interchange.h>
 
 #include "described_workloads.h"
 #include "reference_hand.h"
@@ -29,6 +31,25 @@ std::function<bool()> Reading(const Object& object)
     };
 }
 
+/// Likewise in standard JSON.
+template<class Object>
+std::function<bool()> WritingStandard(const Object& object)
+{
+    return [&object, text = std::string()]() mutable { return vexa::WriteJson(text, object); };
+}
+
+template<class Object>
+std::function<bool()> ReadingStandard(const Object& object)
+{
+    std::string text;
+    reference::WriteByHand(text, object);
+    return [text] {
+        Object read;
+        vexa::CReport report;
+        return vexa::ReadJson(read, text, report);
+    };
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -40,6 +61,10 @@ int main(int argc, char** argv)
         {"W2", Writing(orders)},
         {"R1", Reading(languages)},
         {"R2", Reading(orders)},
+        {"SW1", WritingStandard(languages)},
+        {"SW2", WritingStandard(orders)},
+        {"SR1", ReadingStandard(languages)},
+        {"SR2", ReadingStandard(orders)},
         {"Text",
          [&orders, text = std::string()]() mutable {
              vexa::AsString(text, orders);
@@ -60,7 +85,10 @@ int main(int argc, char** argv)
     };
     const auto job = argc == 3 ? jobs.find(argv[1]) : jobs.end();
     if (job == jobs.end() || languages.records.empty()) {
-        std::fprintf(stderr, "usage: counted <W1 | W2 | R1 | R2 | Text | Names> <times>; needs iso-codes\n");
+        std::fprintf(stderr, "usage: counted <workload> <times>; needs iso-codes. Workloads:");
+        for (const auto& known : jobs)
+            std::fprintf(stderr, " %s", known.first.c_str());
+        std::fprintf(stderr, "\n");
         return 2;
     }
     for (int left = std::atoi(argv[2]); left > 0; --left) {
