@@ -82,15 +82,19 @@ enum class ExcerptForm : unsigned char {
 struct CProblem {
     ProblemCode Code = ProblemCode::NONE;
     CTextPlace Place;
-    CTextPlace Second;    ///< where it helps: see the codes
-    std::string Path;     ///< of C++: `orders[2].address.zip`; empty at the top
-    std::string Pointer;  ///< the same as a JSON Pointer (RFC 6901): `/orders/2/address/zip`
-    std::string Class;    ///< the class concerned, by its qualified name; may be empty
-    std::string Attrib;   ///< the attribute or key concerned; may be empty
-    std::string Expected; ///< what would have been right; may be empty
-    std::string Found;    ///< what is there; never a confidential value; may be empty
-    std::string Nearest;  ///< the known name most like it; may be empty
-    std::string Excerpt;  ///< a short piece of the line around the place; never a confidential value
+    CTextPlace Second;   ///< where it helps: see the codes
+    std::string Path;    ///< of C++: `orders[2].address.zip`; empty at the top
+    std::string Pointer; ///< the same as a JSON Pointer (RFC 6901): `/orders/2/address/zip`
+    std::string Class;   ///< the class concerned, by its qualified name; may be empty
+    std::string Attrib;  ///< the attribute or key concerned; may be empty
+    /// What would have been right, as a phrase that goes on from "expected": `a string`, `-128 to 127`,
+    /// `at most 1000 levels`, `one of "circle", "square"`; may be empty.
+    std::string Expected;
+    /// What is there, as a phrase that goes on from "found": `an object`, `300`, `"blu"`. Of INPUT_FAILED, CHECK_FAILED
+    /// and CONVERTER_FAILED what was said, of MORE_PROBLEMS their number. Never a confidential value; may be empty.
+    std::string Found;
+    std::string Nearest; ///< the known name most like it; may be empty
+    std::string Excerpt; ///< a short piece of the line around the place; never a confidential value
     ExcerptForm Shown = ExcerptForm::LINE;
 
     /// One sentence, without the place and the path.
