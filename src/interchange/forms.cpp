@@ -9,7 +9,7 @@
 
 #include <vexa/helper.h>
 
-#include "core/escape.h"
+#include "interchange/path.h"
 
 namespace vexa::interchange {
 
@@ -26,18 +26,9 @@ struct CKeptForm : typeinfo::CKept {
 /// `"key":` as it stands in JSON. What needs an escape in a key is rare, and escaped whatever the policy.
 std::string JsonKeyOf(const std::string& key)
 {
-    static constexpr char DIGITS[] = "0123456789abcdef";
-    std::string text = "\"";
-    for (const char byte : key) {
-        const auto code = static_cast<unsigned char>(byte);
-        if (code < 0x20) {
-            text += {'\\', 'u', '0', '0', DIGITS[code >> 4], DIGITS[code & 0xF]};
-        } else {
-            if (byte == '"' || byte == '\\') text += '\\';
-            text += byte;
-        }
-    }
-    return text + "\":";
+    std::string text;
+    AppendQuoted(text, key);
+    return text += ':';
 }
 
 /// Fills the form of a class: its attributes, and those of the flattened ones inside it, in list order.
