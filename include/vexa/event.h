@@ -43,8 +43,8 @@ struct CEvent {
     long long Signed = 0;
     unsigned long long Unsigned = 0;
     double Floating = 0;
-    /// STRING, KEY: in UTF-8. BYTES: the bytes. Numbers: as they are written, in JSON's grammar, for targets that keep
-    /// every digit; empty where the format has no text for them.
+    /// STRING, KEY: in UTF-8, which whoever asks checks by the policy. BYTES: the bytes. Numbers: as they are written,
+    /// in JSON's grammar, for targets that keep every digit; empty where the format has no text for them.
     std::string_view Text;
     CDateTime Time;                  ///< DATE_TIME: in UTC
     std::size_t Size = UNKNOWN_SIZE; ///< BEGIN_OBJECT, BEGIN_ARRAY: number of values, if the format tells
@@ -57,6 +57,7 @@ struct CFormatAbilities {
     bool HasNull = true;
     bool HasBytes = false;                ///< else base64 text
     bool HasDateTime = false;             ///< else RFC 3339 text
+    bool HasNan = false;                  ///< NaN and the infinities; else a problem and null, or by policy
     bool TellsIntegersFromFloats = false; ///< else a floating value without fraction may come back as an integer
     bool HasIntegerKeys = false;          ///< else integer keys are text
     bool HasLines = true;                 ///< a place is told by line and column, else by its byte

@@ -1,0 +1,49 @@
+#ifndef VEXA_DETAIL_INTERCHANGE_H
+#define VEXA_DETAIL_INTERCHANGE_H
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include <vexa/event.h>
+#include <vexa/policy.h>
+#include <vexa/refrence.h>
+#include <vexa/report.h>
+
+/// \file
+/// The compiled half of vexa/interchange.h: of any described object by reference.
+
+namespace vexa {
+
+/// Reads one JSON value into an object that exists: what the text does not name stays as it is, what it names is
+/// replaced whole. Problems of meaning do not end the reading. After a problem the object is valid and holds what could
+/// be read, or with CReadPolicy::Transactional what it held before. \p text must not be part of the object.
+/// \return whether there was no problem. Throws std::bad_alloc, and what the application's converters throw at
+/// allocation; the object is then valid.
+VEXA_API bool ReadJson(const CRefrence& target, std::string_view text, CReport& report, const CReadPolicy& policy = {});
+VEXA_API bool ReadJson(const CRefrence& target, const InputFunction& input, CReport& report,
+                       const CReadPolicy& policy = {});
+/// The same from any format.
+VEXA_API bool ReadEvents(const CRefrence& target, CEventSource& source, CReport& report,
+                         const CReadPolicy& policy = {});
+
+/// Writes an object as one JSON value. What has no form is `null` and a problem. \return whether there was none.
+VEXA_API bool WriteJson(std::string& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
+                        CReport* report = nullptr);
+VEXA_API bool WriteJson(const OutputFunction& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
+                        CReport* report = nullptr);
+VEXA_API bool WriteEvents(CEventSink& sink, const CConstRefrence& ref, const CWritePolicy& policy = {},
+                          CReport* report = nullptr);
+
+/// The problems as a JSON array of objects, for programs.
+VEXA_API std::string WriteJson(const CReport& report, const CWritePolicy& policy = {});
+
+/// Reads texts of one JSON value a line (empty lines are passed over): each is read into \p object, which is emptied to
+/// a default one before by \p reset, and handed to \p take, which ends the reading with false. Problems have the lines
+/// of the whole text; a line with a problem of grammar is passed over, one with any problem is not handed over.
+VEXA_API bool ReadJsonLines(const CRefrence& object, const InputFunction& input, const std::function<void()>& reset,
+                            const std::function<bool()>& take, CReport& report, const CReadPolicy& policy = {});
+
+} // namespace vexa
+
+#endif
