@@ -5,7 +5,8 @@
 #include <cstdint>
 #include <string>
 
-#include <vexa/interchange.h>
+#include <vexa/policy.h>
+#include <vexa/report.h>
 
 #include "interchange/path.h"
 
