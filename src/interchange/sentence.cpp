@@ -1,4 +1,7 @@
-#include <vexa/report.h>
+#include "interchange/sentence.h"
+
+#include <algorithm>
+#include <iterator>
 
 #include "interchange/visible.h"
 
@@ -16,51 +19,62 @@ void AppendShown(std::string& out, std::string_view text)
     if (end < text.size()) out += "...";
 }
 
-/// What is wrong, where the sentence goes on with what was expected and found.
-const char* Complaint(ProblemCode code)
+struct CKind {
+    ProblemCode Code;
+    const char* Name;
+    const char* Complaint; ///< where the sentence goes on with what was expected and found; may be empty
+};
+
+constexpr CKind KINDS[] = {
+    {ProblemCode::NONE, "NONE", "no problem"},
+    {ProblemCode::SYNTAX, "SYNTAX", ""},
+    {ProblemCode::UNEXPECTED_END, "UNEXPECTED_END", "the text ends too early"},
+    {ProblemCode::TEXT_AFTER_VALUE, "TEXT_AFTER_VALUE", "something follows the value"},
+    {ProblemCode::BAD_NUMBER, "BAD_NUMBER", "this is not how a number is written"},
+    {ProblemCode::BAD_ESCAPE, "BAD_ESCAPE", "there is no such escape"},
+    {ProblemCode::LONE_SURROGATE, "LONE_SURROGATE", "half of a surrogate pair"},
+    {ProblemCode::CONTROL_CHARACTER, "CONTROL_CHARACTER", "a control character must be escaped"},
+    {ProblemCode::BAD_UTF8, "BAD_UTF8", "this is not UTF-8"},
+    {ProblemCode::TOO_DEEP, "TOO_DEEP", "nested too deeply"},
+    {ProblemCode::TOO_LONG, "TOO_LONG", "longer than allowed"},
+    {ProblemCode::INPUT_FAILED, "INPUT_FAILED", "the input has failed"},
+    {ProblemCode::WRONG_KIND, "WRONG_KIND", ""},
+    {ProblemCode::OUT_OF_RANGE, "OUT_OF_RANGE", "the number does not fit"},
+    {ProblemCode::NOT_AN_INTEGER, "NOT_AN_INTEGER", "the number is not an integer"},
+    {ProblemCode::BAD_TEXT, "BAD_TEXT", "the text is not of the right form"},
+    {ProblemCode::UNKNOWN_KEY, "UNKNOWN_KEY", "there is no such attribute"},
+    {ProblemCode::DUPLICATE_KEY, "DUPLICATE_KEY", "the key is given twice"},
+    {ProblemCode::MISSING_KEY, "MISSING_KEY", "a required attribute is missing"},
+    {ProblemCode::UNKNOWN_NAME, "UNKNOWN_NAME", "the name is not known"},
+    {ProblemCode::BELOW_RANGE, "BELOW_RANGE", "the value is out of range"},
+    {ProblemCode::ABOVE_RANGE, "ABOVE_RANGE", "the value is out of range"},
+    {ProblemCode::TOO_SHORT, "TOO_SHORT", "shorter than allowed"},
+    {ProblemCode::TOO_MANY, "TOO_MANY", "longer than allowed"},
+    {ProblemCode::NULL_NOT_ALLOWED, "NULL_NOT_ALLOWED", "null is not allowed here"},
+    {ProblemCode::READ_ONLY, "READ_ONLY", "this is not read"},
+    {ProblemCode::CANNOT_BE_MADE, "CANNOT_BE_MADE", "no value can be made here"},
+    {ProblemCode::INACTIVE_MEMBER, "INACTIVE_MEMBER", "this is not the active member of its union"},
+    {ProblemCode::UNKNOWN_TAG, "UNKNOWN_TAG", "the tag is not known"},
+    {ProblemCode::MISSING_TAG, "MISSING_TAG", "the tag is missing"},
+    {ProblemCode::NO_ALTERNATIVE, "NO_ALTERNATIVE", "the value fits no alternative"},
+    {ProblemCode::MANY_ALTERNATIVES, "MANY_ALTERNATIVES", "the value fits more than one alternative"},
+    {ProblemCode::CHECK_FAILED, "CHECK_FAILED", "the check has failed"},
+    {ProblemCode::TOO_MANY_ELEMENTS, "TOO_MANY_ELEMENTS", "there are too many elements"},
+    {ProblemCode::TOO_FEW_ELEMENTS, "TOO_FEW_ELEMENTS", "there are too few elements"},
+    {ProblemCode::CANNOT_BE_WRITTEN, "CANNOT_BE_WRITTEN", "the value cannot be written"},
+    {ProblemCode::CONVERTER_FAILED, "CONVERTER_FAILED", "the converter has failed"},
+    {ProblemCode::MORE_PROBLEMS, "MORE_PROBLEMS", "more problems"},
+};
+
+const CKind& KindOf(ProblemCode code)
 {
-    switch (code) {
-    case ProblemCode::NONE: return "no problem";
-    case ProblemCode::SYNTAX: return "";
-    case ProblemCode::UNEXPECTED_END: return "the text ends too early";
-    case ProblemCode::TEXT_AFTER_VALUE: return "something follows the value";
-    case ProblemCode::BAD_NUMBER: return "this is not how a number is written";
-    case ProblemCode::BAD_ESCAPE: return "there is no such escape";
-    case ProblemCode::LONE_SURROGATE: return "half of a surrogate pair";
-    case ProblemCode::CONTROL_CHARACTER: return "a control character must be escaped";
-    case ProblemCode::BAD_UTF8: return "this is not UTF-8";
-    case ProblemCode::TOO_DEEP: return "nested too deeply";
-    case ProblemCode::TOO_LONG: return "longer than allowed";
-    case ProblemCode::INPUT_FAILED: return "the input has failed";
-    case ProblemCode::WRONG_KIND: return "";
-    case ProblemCode::OUT_OF_RANGE: return "the number does not fit";
-    case ProblemCode::NOT_AN_INTEGER: return "the number is not an integer";
-    case ProblemCode::BAD_TEXT: return "the text is not of the right form";
-    case ProblemCode::UNKNOWN_KEY: return "there is no such attribute";
-    case ProblemCode::DUPLICATE_KEY: return "the key is given twice";
-    case ProblemCode::MISSING_KEY: return "a required attribute is missing";
-    case ProblemCode::UNKNOWN_NAME: return "the name is not known";
-    case ProblemCode::BELOW_RANGE:
-    case ProblemCode::ABOVE_RANGE: return "the value is out of range";
-    case ProblemCode::TOO_SHORT: return "shorter than allowed";
-    case ProblemCode::TOO_MANY: return "longer than allowed";
-    case ProblemCode::NULL_NOT_ALLOWED: return "null is not allowed here";
-    case ProblemCode::READ_ONLY: return "this is not read";
-    case ProblemCode::CANNOT_BE_MADE: return "no value can be made here";
-    case ProblemCode::INACTIVE_MEMBER: return "this is not the active member of its union";
-    case ProblemCode::UNKNOWN_TAG: return "the tag is not known";
-    case ProblemCode::MISSING_TAG: return "the tag is missing";
-    case ProblemCode::NO_ALTERNATIVE: return "the value fits no alternative";
-    case ProblemCode::MANY_ALTERNATIVES: return "the value fits more than one alternative";
-    case ProblemCode::CHECK_FAILED: return "the check has failed";
-    case ProblemCode::TOO_MANY_ELEMENTS: return "there are too many elements";
-    case ProblemCode::TOO_FEW_ELEMENTS: return "there are too few elements";
-    case ProblemCode::CANNOT_BE_WRITTEN: return "the value cannot be written";
-    case ProblemCode::CONVERTER_FAILED: return "the converter has failed";
-    case ProblemCode::MORE_PROBLEMS: return "more problems";
-    }
-    return "a problem";
+    static constexpr CKind OTHER{ProblemCode::NONE, "OTHER", "a problem"};
+    const CKind* const kind =
+        std::find_if(std::begin(KINDS), std::end(KINDS), [code](const CKind& k) { return k.Code == code; });
+    return kind != std::end(KINDS) ? *kind : OTHER;
 }
+
+const char* Complaint(ProblemCode code) { return KindOf(code).Complaint; }
 
 std::string ShownText(std::string_view text)
 {
@@ -105,6 +119,8 @@ void AppendDetail(std::string& out, const char* joint, const char* word, const s
 }
 
 } // namespace
+
+const char* interchange::NameOf(ProblemCode code) { return KindOf(code).Name; }
 
 std::string CProblem::Sentence() const
 {
