@@ -97,8 +97,9 @@ public:
     /// Null.
     CJsonTree() noexcept {}
     CJsonTree(std::nullptr_t) noexcept {}
-    /// A bool or a number. A floating value gets the shortest digits that read back equal; NaN and the infinities are
-    /// numbers here, which JSON has no form for (see CWritePolicy::AllowNan).
+    /// A bool or a number. A floating value gets the shortest digits that read back equal, with `.0` where they would
+    /// be those of an integer; NaN and the infinities are numbers here, which JSON has no form for (see
+    /// CWritePolicy::AllowNan).
     template<class T, class = std::enable_if_t<std::is_arithmetic_v<T>>>
     CJsonTree(T value)
     {

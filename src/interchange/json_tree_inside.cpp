@@ -177,29 +177,56 @@ CJsonTree* CJsonTree::Find(std::string_view path) noexcept
     return const_cast<CJsonTree*>(static_cast<const CJsonTree&>(*this).Find(path));
 }
 
-/// The members by their keys, those of one key in order, stand together after sorting.
-void detail::CTreeAccess::DropDuplicates(CJsonTree& object)
+namespace {
+
+using Members = std::vector<CJsonTree::CMember>;
+
+/// Looks at each pair of members: for few of them.
+bool HasDuplicate(const Members& members) noexcept
 {
-    std::vector<CJsonTree::CMember>& members = object.m_members;
+    for (std::size_t i = 1; i < members.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            if (members[i].Key() == members[j].Key()) return true;
+    return false;
+}
+
+/// Moves the last value of each key to its first place. \return which members are left over. After sorting those of one
+/// key stand together in their order.
+std::vector<bool> MoveLastToFirst(Members& members)
+{
     std::vector<std::size_t> order(members.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t left, std::size_t right) { return members[left].Key() < members[right].Key(); });
-    std::vector<bool> isAgain(members.size());
+    std::sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        const int difference = members[left].Key().compare(members[right].Key());
+        return difference != 0 ? difference < 0 : left < right;
+    });
+    std::vector<bool> isLeft(members.size());
     std::size_t first = 0;
     for (std::size_t i = 1; i < order.size(); ++i) {
-        if (members[order[i]].Key() != members[order[first]].Key()) {
+        isLeft[order[i]] = members[order[i]].Key() == members[order[first]].Key();
+        if (isLeft[order[i]])
+            members[order[first]].Value.Swap(members[order[i]].Value);
+        else
             first = i;
-            continue;
-        }
-        members[order[first]].Value.Swap(members[order[i]].Value);
-        isAgain[order[i]] = true;
     }
-    const auto isDropped = [&](const CJsonTree::CMember& member) {
-        return isAgain[static_cast<std::size_t>(&member - members.data())];
-    };
-    if (std::find(isAgain.begin(), isAgain.end(), true) == isAgain.end()) return;
-    members.erase(std::remove_if(members.begin(), members.end(), isDropped), members.end());
+    return isLeft;
+}
+
+} // namespace
+
+void detail::CTreeAccess::DropDuplicates(CJsonTree& object)
+{
+    constexpr std::size_t FEW = 16;
+    Members& members = object.m_members;
+    if (members.size() <= FEW && !HasDuplicate(members)) return;
+    const std::vector<bool> isLeft = MoveLastToFirst(members);
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        if (isLeft[i]) continue;
+        if (kept != i) members[kept] = std::move(members[i]);
+        ++kept;
+    }
+    members.erase(members.begin() + static_cast<std::ptrdiff_t>(kept), members.end());
 }
 
 } // namespace vexa

@@ -9,6 +9,7 @@
 
 #include "interchange/tree_access.h"
 #include "interchange/tree_number.h"
+#include "interchange/write_number.h"
 
 namespace vexa {
 namespace interchange {
@@ -94,19 +95,11 @@ using interchange::CDecimalText;
 namespace {
 
 template<class T>
-std::string DigitsOf(T value)
-{
-    char digits[64];
-    const auto [end, error] = std::to_chars(digits, digits + sizeof digits, value);
-    return {digits, end};
-}
-
-template<class T>
 std::string FloatingDigitsOf(T value)
 {
-    if (std::isnan(value)) return "NaN";
-    if (std::isinf(value)) return value < 0 ? "-Infinity" : "Infinity";
-    return DigitsOf(value);
+    if (!std::isfinite(value)) return interchange::NameOfNotFinite(value);
+    char digits[interchange::NUMBER_ROOM];
+    return {digits, interchange::WriteShortest(digits, value)};
 }
 
 /// Takes digits off; \return whether there was one at least.
@@ -137,8 +130,8 @@ bool IsJsonNumber(std::string_view text) noexcept
 
 } // namespace
 
-void CJsonTree::SetInteger(long long value) { Become(JsonKind::NUMBER, DigitsOf(value)); }
-void CJsonTree::SetInteger(unsigned long long value) { Become(JsonKind::NUMBER, DigitsOf(value)); }
+void CJsonTree::SetInteger(long long value) { Become(JsonKind::NUMBER, std::to_string(value)); }
+void CJsonTree::SetInteger(unsigned long long value) { Become(JsonKind::NUMBER, std::to_string(value)); }
 void CJsonTree::SetFloating(float value) { Become(JsonKind::NUMBER, FloatingDigitsOf(value)); }
 void CJsonTree::SetFloating(double value) { Become(JsonKind::NUMBER, FloatingDigitsOf(value)); }
 void CJsonTree::SetFloating(long double value) { Become(JsonKind::NUMBER, FloatingDigitsOf(value)); }

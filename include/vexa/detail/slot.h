@@ -93,6 +93,11 @@ struct CContainerSlot : CSlot {
     CContainerRecord Record;
 };
 
+/// Names a custom basic type to the function that registers it.
+template<class T>
+struct CCustomTag {
+};
+
 struct CCustomSlot : CSlot {
     constexpr explicit CCustomSlot(void (*describe)(CCustomBasicTypeInfor*&)) noexcept
         : CSlot(SlotForm::CUSTOM), Describe(describe)

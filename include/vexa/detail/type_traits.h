@@ -94,9 +94,6 @@ inline constexpr bool IS_DESCRIBED = decltype(FindsDescription<T>(0))::value;
 
 /// The same for a custom basic type.
 template<class T>
-struct CCustomTag {
-};
-template<class T>
 auto FindsCustom(int)
     -> decltype(VexaDescribeCustom(CCustomTag<T>(), std::declval<CCustomBasicTypeInfor*&>()), std::true_type{});
 template<class T>
