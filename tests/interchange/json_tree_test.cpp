@@ -2,9 +2,10 @@
 
 #include <vexa/json_tree.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <map>
+#include <optional>
 #include <random>
 #include <string>
 #include <utility>
@@ -230,18 +231,13 @@ TEST(JsonTree, IsFoundByPath)
 
 TEST(JsonTree, TakesNumbersOfTheGrammarOnly)
 {
-    for (const char* digits :
-         {"0", "-0", "1",  "10",  "1.0", "0.5", "1e5", "1E+05", "-1.25e-3", "00",   "1.", ".5",    "",
-          "-", "+1", "1e", "1e+", "inf", "NaN", "0x1", "1 ",    " 1",       "1.e5", "01", "1.5.5", "--1"}) {
+    for (const char* digits : {"0", "-0", "1", "10", "1.0", "0.5", "1e5", "1E+05", "-1.25e-3"})
+        EXPECT_EQ(Shown(Number(digits)), digits);
+    for (const char* digits : {"00", "1.", ".5", "", "-", "+1", "1e", "1e+", "inf", "NaN", "0x1", "1 ", " 1", "1.e5",
+                               "01", "1.5.5", "--1"}) {
         CJsonTree tree = "before";
-        const bool isNumber = tree.SetDigits(digits);
-        // By the grammar: the first nine are numbers.
-        const bool expected =
-            std::string(" 0 -0 1 10 1.0 0.5 1e5 1E+05 -1.25e-3 ").find(' ' + std::string(digits) + ' ') !=
-                std::string::npos &&
-            *digits != 0 && std::string(digits).find(' ') == std::string::npos;
-        EXPECT_EQ(isNumber, expected) << digits;
-        EXPECT_EQ(Shown(tree), expected ? digits : "'before'");
+        EXPECT_FALSE(tree.SetDigits(digits)) << digits;
+        EXPECT_EQ(Shown(tree), "'before'");
     }
 }
 
@@ -337,44 +333,41 @@ TEST(JsonTree, ComparesNumbersByTheirDecimalValue)
     EXPECT_NE(Number("1e99999999999999999999"), Number("1e99999999999999999998"));
 }
 
-/// The rest of the tests builds trees of a million levels: whatever recursed would use up the stack.
-CJsonTree Deep(bool isObject, std::size_t levels)
+/// Arrays and objects in turn, with something before or behind the next one.
+CJsonTree Deep(std::size_t levels)
 {
     CJsonTree tree = "bottom";
     for (std::size_t i = 0; i < levels; ++i) {
         CJsonTree outer;
-        if (isObject || i % 2 == 0) {
-            outer["before"] = 1;
+        if (i % 2 == 0) {
             outer["k"] = std::move(tree);
             outer["behind"] = 2;
         } else {
             outer.Append(1);
             outer.Append(std::move(tree));
-            outer.Append(2);
         }
         tree = std::move(outer);
     }
     return tree;
 }
 
+/// Whatever recursed would use up the stack.
 TEST(JsonTree, MayBeAMillionLevelsDeep)
 {
-    for (const bool isObject : {false, true}) {
-        const CJsonTree deep = Deep(isObject, 1000000);
-        CJsonTree copy = deep;
-        EXPECT_TRUE(copy == deep);
-        EXPECT_TRUE(copy.IsIdenticalTo(deep));
-        CJsonTree* bottom = &copy;
-        while (bottom->Size() != 0)
-            bottom = bottom->IsArray() ? &(*bottom)[1] : &(*bottom)["k"];
-        *bottom = "changed";
-        EXPECT_TRUE(copy != deep);
-        copy = nullptr;
-        EXPECT_TRUE(copy.IsNull());
-    }
+    const CJsonTree deep = Deep(1000000);
+    CJsonTree copy = deep;
+    EXPECT_TRUE(copy == deep);
+    EXPECT_TRUE(copy.IsIdenticalTo(deep));
+    CJsonTree* bottom = &copy;
+    while (bottom->Size() != 0)
+        bottom = bottom->IsArray() ? &(*bottom)[1] : &(*bottom)["k"];
+    *bottom = "changed";
+    EXPECT_TRUE(copy != deep);
+    copy = nullptr;
+    EXPECT_TRUE(copy.IsNull());
 }
 
-/// Random trees against a plain model: a map from paths to texts. Every operation is done to both.
+/// Against a plain model: the members in order. Every operation is done to both.
 TEST(JsonTree, BehavesLikeAModel)
 {
     const unsigned int seed = std::random_device{}();
@@ -404,7 +397,7 @@ TEST(JsonTree, BehavesLikeAModel)
         std::string expected;
         for (const auto& [name, number] : model)
             expected += (expected.empty() ? "" : " ") + name + '=' + std::to_string(number);
-        if (tree.IsObject()) ASSERT_EQ(Shown(tree), '{' + expected + '}');
+        ASSERT_EQ(Shown(tree), tree.IsNull() ? "null" : '{' + expected + '}');
     }
 }
 
