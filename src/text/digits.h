@@ -6,6 +6,15 @@
 
 namespace vexa::text {
 
+/// What a hexadecimal digit stands for; -1 for any other byte.
+inline int HexDigit(char byte) noexcept
+{
+    if (byte >= '0' && byte <= '9') return byte - '0';
+    if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
+    if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
+    return -1;
+}
+
 /// The number that eight digits form, each a byte of 0 to 9, the first one lowest.
 inline std::uint64_t NumberOfDigits(std::uint64_t digits) noexcept
 {
@@ -14,8 +23,8 @@ inline std::uint64_t NumberOfDigits(std::uint64_t digits) noexcept
     return ((digits & PAIRS) * (100 + (1000000ULL << 32)) + ((digits >> 16) & PAIRS) * (1 + (10000ULL << 32))) >> 32;
 }
 
-/// Reads the decimal digits from \p next on, modulo 2 to the 64. \return where they end, at the latest at \p end, where
-/// there is a byte that is no digit.
+/// Reads the decimal digits from \p next on, modulo 2 to the 64. \return where they end, at the latest at \p end. Does
+/// not look at what is there.
 ///
 /// Eight bytes are taken at a time, without a branch for each: how many digits a number has is what a processor cannot
 /// guess.
@@ -40,9 +49,8 @@ inline const char* ReadDigits(const char* next, const char* end, unsigned long l
         return next + bits / 8;
     }
 #endif
-    for (unsigned digit = static_cast<unsigned char>(*next) - '0'; digit <= 9;
-         digit = static_cast<unsigned char>(*++next) - '0')
-        sum = sum * 10 + digit;
+    for (; next != end && *next >= '0' && *next <= '9'; ++next)
+        sum = sum * 10 + static_cast<unsigned>(*next - '0');
     value = sum;
     return next;
 }

@@ -3,6 +3,7 @@
 
 #include "core/c_locale.h"
 #include "core/scan.h"
+#include "text/digits.h"
 #include "text/json_code.h"
 #include "text/json_cursor.h"
 
@@ -10,14 +11,6 @@ namespace vexa::text {
 namespace {
 
 constexpr std::size_t HEX_DIGITS = 4;
-
-int HexDigit(char byte)
-{
-    if (byte >= '0' && byte <= '9') return byte - '0';
-    if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
-    if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
-    return -1;
-}
 
 /// The number that four bytes form, as formatted input reads it: leading digits count, none at all are 0.
 long HexNumber(const char* digits)

@@ -1,0 +1,64 @@
+#ifndef VEXA_INTERCHANGE_JSON_WINDOW_H
+#define VEXA_INTERCHANGE_JSON_WINDOW_H
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <vexa/interchange.h>
+
+/// \file
+/// What the scanners of a whole text and of a text in pieces have in common that is not of the grammar: the part of the
+/// text that lies in memory, and the problem.
+
+namespace vexa::interchange {
+
+/// The part of a text that lies in memory, and the place in it.
+struct CJsonWindow {
+    const char* Begin = nullptr;
+    const char* End = nullptr;
+    const char* Next = nullptr;  ///< what has not been scanned
+    const char* Token = nullptr; ///< what is being scanned starts here; everything before may go
+    std::size_t Offset = 0;      ///< of Begin in the text
+
+    std::size_t Left() const noexcept { return static_cast<std::size_t>(End - Next); }
+    std::size_t OffsetOf(const char* at) const noexcept { return Offset + static_cast<std::size_t>(at - Begin); }
+};
+
+/// Where a text that is whole comes from: it is there.
+class CWholeText {
+public:
+    static constexpr bool IS_WHOLE = true;
+    static constexpr bool More(CJsonWindow&) noexcept { return false; }
+};
+
+/// Finds line and column of \p place, from a place before it: \p text starts at the offset \p offset, in the line \p
+/// line, whose first byte has the offset \p lineStart.
+void LocateIn(CTextPlace& place, std::string_view text, std::size_t offset = 0, std::size_t line = 1,
+              std::size_t lineStart = 0);
+
+/// What a text has at a place, in a few words for people.
+std::string DescribeToken(std::string_view token);
+
+inline constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
+/// The first problem of a scanner. Nothing is allocated before there is one.
+class CJsonFailure {
+public:
+    bool HasFailed() const noexcept { return m_problem != nullptr; }
+    CProblem& Problem() noexcept { return *m_problem; }
+
+protected:
+    /// Keeps the problem, unless there is one already, and sees to it that nothing more is found: the window ends here.
+    /// \return false.
+    [[gnu::cold]] bool Fail(CJsonWindow& window, ProblemCode code, CTextPlace place, std::string expected,
+                            std::string found);
+
+private:
+    std::unique_ptr<CProblem> m_problem;
+};
+
+} // namespace vexa::interchange
+
+#endif
