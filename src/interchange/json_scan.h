@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include <vexa/interchange.h>
+#include <vexa/event.h>
+#include <vexa/policy.h>
 
 #include "core/escape.h"
 #include "text/json_cursor.h"

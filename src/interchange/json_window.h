@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include <vexa/interchange.h>
+#include <vexa/policy.h>
+#include <vexa/report.h>
 
 /// \file
 /// What the scanners of a whole text and of a text in pieces have in common that is not of the grammar: the part of the

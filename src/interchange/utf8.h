@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include <vexa/interchange.h>
+#include <vexa/policy.h>
 
 /// \file
 /// UTF-8 as RFC 3629 has it: nothing overlong, no surrogates, nothing above U+10FFFF.
