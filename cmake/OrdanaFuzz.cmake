@@ -7,6 +7,7 @@ foreach(source IN LISTS ordana_fuzz_sources)
     cmake_path(GET source STEM name)
     add_executable(${name} "${source}")
     target_link_libraries(${name} PRIVATE ordana::ordana ordana_warnings)
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests") # random objects and texts
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/fuzz")
 endforeach()
