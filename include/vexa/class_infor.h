@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include <vexa/detail/module.h>
 #include <vexa/type_infor.h>
 
 /// \file

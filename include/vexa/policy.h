@@ -5,17 +5,12 @@
 #include <functional>
 #include <string_view>
 
+#include <vexa/metadata.h>
+
 /// \file
 /// How texts of the standard formats are read and written, the same for all formats.
 
 namespace vexa {
-
-/// What becomes of a key that the class does not have.
-enum class UnknownKeys : unsigned char {
-    BY_CLASS, ///< as the class's description says; a problem where it says nothing
-    PROBLEM,
-    SKIP
-};
 
 /// What becomes of bytes that are no UTF-8, in a string that is read or written.
 enum class BadText : unsigned char {

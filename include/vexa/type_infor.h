@@ -38,6 +38,7 @@ public:
     static constexpr std::uint32_t CONTAINER =
         8; ///< made by the description layer, all operations its own, with room for a plan behind it
     static constexpr std::uint32_t SHAPE = 16; ///< a custom type whose structure is known, with its shape behind it
+    static constexpr std::uint32_t DRAFT = 32; ///< a class that a registration has begun, with room for notes behind it
 
     constexpr CFinishedMark() noexcept = default;
     constexpr CFinishedMark(const CFinishedMark&) noexcept {}

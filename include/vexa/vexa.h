@@ -13,10 +13,12 @@
 #include <vexa/data_type.h>
 #include <vexa/date_time.h>
 #include <vexa/describe.h>
+#include <vexa/find_class.h>
 #include <vexa/group.h>
 #include <vexa/helper.h>
 #include <vexa/json.h>
 #include <vexa/may_null.h>
+#include <vexa/metadata.h>
 #include <vexa/numeric.h>
 #include <vexa/refrence.h>
 #include <vexa/table.h>

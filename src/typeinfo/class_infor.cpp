@@ -1,8 +1,11 @@
 #include <vexa/class_infor.h>
 
 #include <cstring>
+#include <iterator>
 
+#include "typeinfo/class_list.h"
 #include "typeinfo/kept_selectors.h"
+#include "typeinfo/notes.h"
 #include "typeinfo/plan.h"
 
 namespace vexa {
@@ -22,6 +25,7 @@ CAttribInfor& CAttribInfor::operator=(const CAttribInfor& other)
 
 CClassInfor::~CClassInfor()
 {
+    typeinfo::Unlist(*this);
     typeinfo::DropKeptSelectors(*this);
     typeinfo::ReleasePlan(*this);
     delete IDMap;
@@ -48,6 +52,7 @@ void CClassInfor::InitBaseClass(const std::vector<CBaseClassInfor>& bases)
 
 void CClassInfor::InheritFromBaseClass_Impl(unsigned long offset, const CClassInfor& base)
 {
+    const auto before = static_cast<std::ptrdiff_t>(AttribList.size());
     for (const CAttribInfor& inherited : base.AttribList) {
         CAttribInfor& record = AttribList.emplace_back(inherited);
         record.Offset = static_cast<unsigned short>(inherited.Offset + offset);
@@ -55,6 +60,7 @@ void CClassInfor::InheritFromBaseClass_Impl(unsigned long offset, const CClassIn
         record.Sequence = static_cast<unsigned short>(AttribList.size());
     }
     typeinfo::InheritHiddenMembers(*this, base, offset);
+    typeinfo::InheritNotes(*this, std::next(AttribList.cbegin(), before), base, offset);
 }
 
 const CAttribIDMap& CClassInfor::AttribIDMap() const

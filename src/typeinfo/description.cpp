@@ -14,9 +14,11 @@
 #include <vexa/helper.h>
 
 #include "typeinfo/class_graph.h"
+#include "typeinfo/class_list.h"
 #include "typeinfo/finished_class.h"
 #include "typeinfo/kept_selectors.h"
 #include "typeinfo/notes.h"
+#include "typeinfo/qualified_name.h"
 #include "typeinfo/registration.h"
 #include "typeinfo/slot_group.h"
 
@@ -38,11 +40,15 @@ void Make(CClassSlot& slot)
         Build(*whole);
     if (slot.Made != nullptr) return; // one of them needed it
     auto& made = FillWith(slot, std::make_unique<typeinfo::CFinishedClass>());
+    made.Mark.Set(CFinishedMark::DRAFT);
     made.SetBaseTypeInfor(slot.Name, slot.Size, slot.Factory, slot.Deleter, 0);
     CDescriptionBase about(made);
     slot.Describe(about);
     made.CreateIndex();
+    if (slot.Spelled != nullptr) made.QualifiedName = new std::string(typeinfo::QualifiedName(slot.Spelled));
+    typeinfo::SettleNotes(made);
     made.Mark.Set(CFinishedMark::CLASS);
+    if (slot.Spelled != nullptr) typeinfo::List(made, &slot);
 }
 
 /// What the headers take for granted where they know the standard library by name.
@@ -155,6 +161,7 @@ void Inherit(CClassInfor& derived, unsigned long offset, const CClassInfor& base
     copy = std::next(derived.AttribList.begin(), before);
     for (const CAttribInfor& original : base.AttribList) {
         if (!IsReachableInherited(derived, original, offset)) {
+            typeinfo::ForgetNotes(derived, *copy);
             copy = derived.AttribList.erase(copy);
             continue;
         }
@@ -171,10 +178,14 @@ void Inherit(CClassInfor& derived, unsigned long offset, const CClassInfor& base
 
 } // namespace
 
-void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset)
+void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset, const CPolymorphic& derived)
 {
     if (m_survey != nullptr) return AddToSurvey(*m_survey, {Enum::DT_CLASS, 0, 0, 0, 0, &base}, true);
     Inherit(*m_class, offset, DescriptorOf<CClassInfor>(base));
+    typeinfo::CClassNotes* const notes = static_cast<typeinfo::CFinishedClass*>(m_class)->Notes;
+    if (notes == nullptr || notes->Ancestors.empty()) return;
+    notes->Type = derived.Type;
+    notes->IsAbstract = derived.IsAbstract;
 }
 
 void AddMembers(CDescriptionBase& about, const CTypeSource* members, unsigned long count, const char* names)
@@ -198,6 +209,8 @@ CAttribDescription CDescriptionBase::AddAttrib(const char* name, unsigned long o
     if (!IsReachable(*m_class, name, offset)) return {nullptr, nullptr};
     CAttribInfor& record = m_class->AddAttribInfor(Enum::AS_PUBLIC, static_cast<unsigned short>(offset), name, -1);
     record.TypeInfor = MakeTypeInfor(type);
+    if (const CEnumerationSlot* const names = typeinfo::EnumerationOf(type))
+        typeinfo::NotesToFill(*m_class)->Members[&record].Enumeration = names;
     return {m_class, &record};
 }
 

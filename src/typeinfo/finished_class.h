@@ -32,6 +32,7 @@ struct CFinishedClass : CClassInfor {
     mutable std::atomic<const CPlan*> Plan{nullptr};
     mutable std::atomic<const CFlatNames*> FlatNames{nullptr};
     CClassNotes* Notes = nullptr;                    ///< owned; null where the description says nothing of them
+    const std::string* QualifiedName = nullptr;      ///< owned; null where it is the registered one
     mutable std::atomic<const CKept*> Form{nullptr}; ///< owned; of the standard formats
 };
 

@@ -1,15 +1,19 @@
 #ifndef VEXA_TYPEINFO_NOTES_H
 #define VEXA_TYPEINFO_NOTES_H
 
+#include <atomic>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <typeinfo>
 #include <vector>
 
+#include <vexa/detail/description.h>
 #include <vexa/detail/enumeration.h>
 #include <vexa/detail/shape.h>
-#include <vexa/numeric.h>
+#include <vexa/find_class.h>
+#include <vexa/metadata.h>
 
 #include "typeinfo/finished_class.h"
 
@@ -20,17 +24,11 @@
 
 namespace vexa::typeinfo {
 
-/// A bound of a range, as it was given: integers keep every digit.
-struct CBound {
-    bool IsInteger = true;
-    bool IsUnsigned = false; ///< Integer holds an unsigned long long's bits
-    long long Integer = 0;
-    double Floating = 0;
-};
+using detail::CBound;
 
 /// Of one attribute record.
 struct CMemberNotes {
-    std::string Key;                  ///< empty: by the class's style from its name
+    std::string Key;                  ///< empty: its name. What a style makes of a name stands here
     std::vector<std::string> Aliases; ///< further keys that are read
     bool IsRequired = false;
     bool IsFlattened = false; ///< its attributes stand among those of the class
@@ -47,24 +45,43 @@ struct CMemberNotes {
     bool IsEmpty() const;
 };
 
-/// How an attribute's name becomes a key.
-enum class KeyStyle : unsigned char { AS_IT_IS, CAMEL, SNAKE, KEBAB };
+/// One function that looks at objects that have been read.
+struct CCheck {
+    detail::CheckCall Call;
+    void (*Function)();       ///< the application's, as Call knows it
+    std::string Text;         ///< what is wrong, where the function only tells that something is
+    unsigned long Offset = 0; ///< from the object to the sub-object that it looks at
+};
 
-enum class UnknownKeyRule : unsigned char { PROBLEM, SKIP, KEEP };
+/// A class with a tag that a class is derived from, at any depth.
+struct CAncestor {
+    const CClassInfor* Infor;
+    unsigned long Offset; ///< from the object to the sub-object
+};
+
+class CDerivedTable;
 
 /// Of a class.
 struct CClassNotes {
-    std::string QualifiedName; ///< with its namespaces; of a class without it, the registered one
-    KeyStyle Style = KeyStyle::AS_IT_IS;
-    UnknownKeyRule Unknown = UnknownKeyRule::PROBLEM;
-    /// Looks at an object that has been read; gives what is wrong with it, or an empty text.
-    std::string (*Check)(const void* object, void (*function)()) = nullptr;
-    void (*CheckFunction)() = nullptr; ///< what Check calls
-    std::string Tag;                   ///< the key that tells what class an object is; also of all derived classes
-    std::string TagValue;              ///< what it says of this one; empty: its qualified name
-    /// What the object at this class's address is, and where it begins; of polymorphic classes with a tag.
-    const void* (*DynamicType)(const void* object, const void*& whole) = nullptr;
-    std::map<const CAttribInfor*, CMemberNotes> Members; ///< by record of this class
+    CClassNotes() = default;
+    CClassNotes(const CClassNotes&) = delete;
+    CClassNotes& operator=(const CClassNotes&) = delete;
+    ~CClassNotes();
+
+    KeyStyle Style = KeyStyle::AS_IT_IS;         ///< of its own attributes; inherited ones keep their keys
+    UnknownKeys Unknown = UnknownKeys::BY_CLASS; ///< never so in a finished class
+    bool IsUnknownSaid = false;                  ///< whether the description says it
+    std::vector<CCheck> Checks;                  ///< those of bases too; see FirstComplaint
+    std::string Tag;                             ///< the key that tells what class an object is; also of derived ones
+    std::string TagValue;                        ///< what it says of this one; never empty where there is a tag
+    bool IsAbstract = false;                     ///< no object is of just this class
+    const std::type_info* Type = nullptr;        ///< of polymorphic classes with a tag
+    /// What the object at an address is, and where it begins; of polymorphic classes with a tag.
+    detail::DynamicTypeFunction DynamicType = nullptr;
+    unsigned long DynamicOffset = 0;  ///< from the object to the sub-object whose address DynamicType takes
+    std::vector<CAncestor> Ancestors; ///< those that this class can stand for
+    std::map<const CAttribInfor*, CMemberNotes> Members;        ///< by record of this class
+    mutable std::atomic<const CDerivedTable*> Derived{nullptr}; ///< owned
 };
 
 /// The notes of a finished class; null where there are none.
@@ -77,8 +94,19 @@ inline const CClassNotes* NotesOf(const CClassInfor& infor) noexcept
 const CMemberNotes* NotesOf(const CClassInfor& owner, const CAttribInfor& record) noexcept;
 /// The key under which an attribute is written: its own, or its name in the style of the class.
 std::string KeyOf(const CClassInfor& owner, const CAttribInfor& record);
-/// The notes of a class that is being described, made when they are missing.
-CClassNotes& NotesToFill(CClassInfor& infor);
+/// What the first check that is not content says of an object that has been read; empty where all are.
+std::string FirstComplaint(const CClassNotes& notes, const void* object);
+
+/// The notes of a class that is being described, made when they are missing; null for a descriptor that no registration
+/// makes.
+CClassNotes* NotesToFill(CClassInfor& infor);
+/// Takes over what a base says: of its attributes, whose copies begin at \p copies, and of itself.
+void InheritNotes(CClassInfor& derived, CClassInfor::AttribPosition copies, const CClassInfor& base,
+                  unsigned long offset);
+/// Forgets what is said of a record that goes.
+void ForgetNotes(CClassInfor& infor, const CAttribInfor& record) noexcept;
+/// Settles what has been said of a class whose records are complete: keys in the class's style, the value of its tag.
+void SettleNotes(CFinishedClass& infor);
 
 /// The names of a type's values; null where they have none.
 inline const detail::CEnumerationSlot* EnumerationOf(const detail::CTypeSource& source) noexcept
@@ -90,8 +118,7 @@ inline const detail::CEnumerationSlot* EnumerationOf(const detail::CTypeSource& 
 const detail::CEnumerationSlot* EnumerationOfElements(const CContainerInfor& infor) noexcept;
 /// The shape of a custom type; null for one that only converts itself.
 const detail::CShape* ShapeOf(const CCustomBasicTypeInfor& infor) noexcept;
-/// The class by its qualified name where the library knows it, else by its registered one.
-const std::string& QualifiedNameOf(const CClassInfor& infor);
+using vexa::QualifiedNameOf;
 
 // Classes that stand for others.
 

@@ -135,12 +135,13 @@ const CFlatNames* MakeFlatNames(const CFinishedClass& infor) noexcept { return M
 
 void ReleasePlan(const CClassInfor& infor) noexcept
 {
-    const CFinishedClass* const finished = FinishedClass(infor);
-    if (finished == nullptr) return;
-    delete finished->Plan.load();
-    delete finished->FlatNames.load();
-    delete finished->Form.load();
-    delete finished->Notes;
+    if (!infor.Mark.Is(CFinishedMark::DRAFT)) return;
+    const auto& begun = static_cast<const CFinishedClass&>(infor);
+    delete begun.Plan.load();
+    delete begun.FlatNames.load();
+    delete begun.Form.load();
+    delete begun.Notes;
+    delete begun.QualifiedName;
 }
 
 } // namespace vexa::typeinfo

@@ -177,7 +177,7 @@ inline const CContainerPlan* PlanOf(const CContainerInfor& infor) noexcept
     return __builtin_expect(plan != nullptr, 1) ? plan : MakePlan(*finished);
 }
 
-/// Frees the plan of a class descriptor that goes away, and its table of flat names.
+/// Frees what lies behind a class descriptor that goes away.
 void ReleasePlan(const CClassInfor& infor) noexcept;
 
 } // namespace vexa::typeinfo

@@ -11,7 +11,9 @@
 #include <vexa/helper.h>
 
 #include "typeinfo/class_graph.h"
+#include "typeinfo/class_list.h"
 #include "typeinfo/finished_class.h"
+#include "typeinfo/notes.h"
 #include "typeinfo/slot_group.h"
 
 namespace vexa {
@@ -95,13 +97,16 @@ CClassInfor* CreateDescriptor(const CClassRegistration& request, ClassesInProgre
     typeinfo::CSlotGroup group;
     auto created = std::make_unique<typeinfo::CFinishedClass>();
     const CInProgress entry(inProgress, request.Slot, created.get(), registration);
+    created->Mark.Set(detail::CFinishedMark::DRAFT);
     created->SetBaseTypeInfor(request.Name, request.Size, request.NewFn, request.DeleteFn, 0);
     if (request.Base != nullptr) created->InheritFromBaseClass_Impl(request.BaseOffset, *request.Base);
     typeinfo::CFinishedClass* const described = created.release();
     Describe(request, *described, registration, group);
     created.reset(described);
     created->CreateIndex();
+    typeinfo::SettleNotes(*created);
     created->Mark.Set(detail::CFinishedMark::CLASS);
+    typeinfo::List(*created, reinterpret_cast<const void*>(request.Describe));
     typeinfo::Fill(request.Slot, *created);
     group.Complete();
     return created.release();

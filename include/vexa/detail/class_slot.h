@@ -62,6 +62,16 @@ constexpr const char* ClassNameOf()
         return VexaNameOf(static_cast<const CDescription<T>*>(nullptr));
 }
 
+/// How the compiler spells the class, somewhere in a text; null for a class that no application describes.
+template<class T>
+constexpr const char* Spelled()
+{
+    if constexpr (IS_DESCRIBED<T>)
+        return __PRETTY_FUNCTION__;
+    else
+        return nullptr;
+}
+
 template<class T>
 void Describe(CDescriptionBase& base)
 {
@@ -70,7 +80,8 @@ void Describe(CDescriptionBase& base)
 }
 
 template<class T>
-inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), sizeof(T), &MakeObject<T>, &DestroyObject<T>, &Describe<T>};
+inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), Spelled<T>(),      sizeof(T),
+                             &MakeObject<T>,   &DestroyObject<T>, &Describe<T>};
 
 template<class T>
 CClassSlot& ClassSlotOf()

@@ -1,0 +1,141 @@
+#include "typeinfo/notes.h"
+
+#include <algorithm>
+#include <memory>
+#include <unordered_set>
+
+#include "typeinfo/derived_classes.h"
+#include "typeinfo/key_style.h"
+
+namespace vexa::typeinfo {
+
+bool CMemberNotes::IsEmpty() const
+{
+    const bool hasFlag = IsRequired || IsFlattened || IsReadOnly || IsWriteOnly || IsOmittedIfDefault || KeepsUnknown;
+    const bool hasBound = Least || Most || ShortestLength || LongestLength;
+    const bool hasText = !Key.empty() || !Aliases.empty() || !Doc.empty() || !Unit.empty();
+    return !hasFlag && !hasBound && !hasText && Enumeration == nullptr;
+}
+
+CClassNotes::~CClassNotes() { delete Derived.load(std::memory_order_relaxed); }
+
+const CMemberNotes* NotesOf(const CClassInfor& owner, const CAttribInfor& record) noexcept
+{
+    const CClassNotes* const notes = NotesOf(owner);
+    if (notes == nullptr) return nullptr;
+    const auto found = notes->Members.find(&record);
+    return found != notes->Members.end() ? &found->second : nullptr;
+}
+
+std::string KeyOf(const CClassInfor& owner, const CAttribInfor& record)
+{
+    const CMemberNotes* const notes = NotesOf(owner, record);
+    return notes != nullptr && !notes->Key.empty() ? notes->Key : record.Name;
+}
+
+std::string FirstComplaint(const CClassNotes& notes, const void* object)
+{
+    for (const CCheck& check : notes.Checks) {
+        const char* const place = static_cast<const char*>(object) + check.Offset;
+        std::string complaint = check.Call(check.Function, check.Text.c_str(), place);
+        if (!complaint.empty()) return complaint;
+    }
+    return {};
+}
+
+const detail::CEnumerationSlot* EnumerationOfElements(const CContainerInfor& infor) noexcept
+{
+    const CFinishedContainer* const finished = FinishedContainer(infor);
+    return finished != nullptr ? finished->ElementNames : nullptr;
+}
+
+CClassNotes* NotesToFill(CClassInfor& infor)
+{
+    if (!infor.Mark.Is(detail::CFinishedMark::DRAFT)) return nullptr;
+    auto& finished = static_cast<CFinishedClass&>(infor);
+    if (finished.Notes == nullptr) finished.Notes = new CClassNotes();
+    return finished.Notes;
+}
+
+namespace {
+
+void InheritClassNotes(CClassNotes& notes, const CClassInfor& base, const CClassNotes& ofBase, unsigned long offset)
+{
+    if (notes.Unknown == UnknownKeys::BY_CLASS && ofBase.IsUnknownSaid) notes.Unknown = ofBase.Unknown;
+    for (CCheck check : ofBase.Checks) {
+        check.Offset += offset;
+        notes.Checks.push_back(std::move(check));
+    }
+    if (ofBase.Tag.empty()) return;
+    if (notes.Tag.empty()) notes.Tag = ofBase.Tag;
+    if (notes.DynamicType == nullptr) {
+        notes.DynamicType = ofBase.DynamicType;
+        notes.DynamicOffset = ofBase.DynamicOffset + offset;
+    }
+    notes.Ancestors.push_back({&base, offset});
+    for (const CAncestor& ancestor : ofBase.Ancestors)
+        notes.Ancestors.push_back({ancestor.Infor, ancestor.Offset + offset});
+}
+
+} // namespace
+
+void InheritNotes(CClassInfor& derived, CClassInfor::AttribPosition copies, const CClassInfor& base,
+                  unsigned long offset)
+{
+    const CClassNotes* const ofBase = NotesOf(base);
+    CClassNotes* const notes = ofBase != nullptr ? NotesToFill(derived) : nullptr;
+    if (notes == nullptr) return;
+    InheritClassNotes(*notes, base, *ofBase, offset);
+    for (const CAttribInfor& original : base.AttribList) {
+        const CAttribInfor& copy = *copies++;
+        if (const CMemberNotes* const known = NotesOf(base, original)) notes->Members[&copy] = *known;
+    }
+}
+
+void ForgetNotes(CClassInfor& infor, const CAttribInfor& record) noexcept
+{
+    if (!infor.Mark.Is(detail::CFinishedMark::DRAFT)) return;
+    CClassNotes* const notes = static_cast<CFinishedClass&>(infor).Notes;
+    if (notes != nullptr) notes->Members.erase(&record);
+}
+
+namespace {
+
+/// Records whose names were taken are gone from the list.
+void ForgetRemoved(CClassNotes& notes, const CClassInfor& infor)
+{
+    std::unordered_set<const CAttribInfor*> records;
+    for (const CAttribInfor& record : infor.AttribList)
+        records.insert(&record);
+    for (auto member = notes.Members.begin(); member != notes.Members.end();)
+        member = records.count(member->first) != 0 ? std::next(member) : notes.Members.erase(member);
+}
+
+void StyleKeys(CClassNotes& notes, const CClassInfor& infor)
+{
+    if (notes.Style == KeyStyle::AS_IT_IS) return;
+    for (const CAttribInfor& record : infor.AttribList) {
+        if (record.IsInherited != 0) continue;
+        std::string key = StyledKey(notes.Style, record.Name);
+        if (key == record.Name) continue;
+        CMemberNotes& member = notes.Members[&record];
+        if (member.Key.empty()) member.Key = std::move(key);
+    }
+}
+
+} // namespace
+
+void SettleNotes(CFinishedClass& infor)
+{
+    if (infor.Notes == nullptr) return;
+    CClassNotes& notes = *infor.Notes;
+    ForgetRemoved(notes, infor);
+    StyleKeys(notes, infor);
+    const bool hasKeeper = std::any_of(notes.Members.begin(), notes.Members.end(),
+                                       [](const auto& member) { return member.second.KeepsUnknown; });
+    notes.IsUnknownSaid = notes.Unknown != UnknownKeys::BY_CLASS;
+    if (!notes.IsUnknownSaid) notes.Unknown = hasKeeper ? UnknownKeys::KEEP : UnknownKeys::PROBLEM;
+    if (!notes.Tag.empty() && notes.TagValue.empty()) notes.TagValue = QualifiedNameOf(infor);
+}
+
+} // namespace vexa::typeinfo
