@@ -1,6 +1,7 @@
 #include <vexa/report.h>
 
-#include <initializer_list>
+#include <iterator>
+#include <random>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -450,6 +451,60 @@ TEST(Report, ShowsNoLineInAFormatWithoutLines)
     CReport report;
     report.Add(Problem(ProblemCode::BAD_NUMBER, place));
     EXPECT_EQ("byte 0: " + SENTENCE, report.AsString("01"));
+}
+
+/// Whether a text is valid UTF-8 and holds no control character but the ends of lines.
+bool IsReadable(const std::string& text)
+{
+    for (std::size_t i = 0; i < text.size();) {
+        const auto byte = [&](std::size_t at) { return at < text.size() ? static_cast<unsigned char>(text[at]) : 0U; };
+        const unsigned int head = byte(i);
+        if ((head < 0x20 && head != '\n') || head == 0x7F) return false;
+        const std::size_t length = head < 0x80   ? 1
+                                   : head < 0xC2 ? 0
+                                   : head < 0xE0 ? 2
+                                   : head < 0xF0 ? 3
+                                   : head < 0xF5 ? 4
+                                                 : 0;
+        if (length == 0) return false;
+        for (std::size_t k = 1; k < length; ++k)
+            if ((byte(i + k) & 0xC0U) != 0x80) return false;
+        if ((head == 0xC2 && byte(i + 1) < 0xA0) || (head == 0xE0 && byte(i + 1) < 0xA0) ||
+            (head == 0xED && byte(i + 1) > 0x9F) || (head == 0xF0 && byte(i + 1) < 0x90) ||
+            (head == 0xF4 && byte(i + 1) > 0x8F))
+            return false;
+        i += length;
+    }
+    return true;
+}
+
+TEST(Report, StaysReadableWhateverTheTextAndThePlaces)
+{
+    const unsigned seed = std::random_device{}();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    const std::string pieces[] = {"a",    "ü",    "€",    "\xF0\x9F\x98\x80", "\n", "\r\n", "\t",
+                                  "\x1B", "\x80", "\xFF", "\xE2\x80\xAE"};
+    const std::size_t numbers[] = {0, 1, 2, 50, 101, 1000, static_cast<std::size_t>(-1)};
+    const auto number = [&] { return random() % 2 == 0 ? random() % 300 : numbers[random() % std::size(numbers)]; };
+    for (int i = 0; i < 3000; ++i) {
+        std::string text;
+        for (std::size_t k = random() % 300; k != 0; --k)
+            text += pieces[random() % (1 + random() % std::size(pieces))];
+        CProblem problem = Problem(ProblemCode::UNKNOWN_KEY);
+        problem.Place.Offset = number();
+        problem.Place.Length = number();
+        problem.Place.Line = number();
+        problem.Place.Column = number();
+        problem.Second = problem.Place;
+        problem.Second.Offset = number();
+        problem.Shown = static_cast<ExcerptForm>(random() % 3);
+        problem.Path = text;
+        problem.Attrib = text;
+        CReport report;
+        report.Add(std::move(problem));
+        EXPECT_TRUE(IsReadable(report.AsString(text))) << report.AsString(text);
+    }
 }
 
 // Limits.
