@@ -215,6 +215,24 @@ public:
                                 "class that gives a text or a bool");
         if constexpr (IS_CHECK) AddCheck(&detail::CallCheck<T, Plain>, detail::AnyFunction(+function), text);
     }
+    /// The members of VEXA_DESCRIBE, which are declared with these types, behind a void; \p list adds them. It can be
+    /// called where there are pointers to all of them.
+    template<class, class... Declared, class List>
+    void Members(List list)
+    {
+        constexpr bool IS_ANY_REFERENCE = detail::IsAnyReference<Declared...>();
+        constexpr bool IS_ADDRESSABLE = std::is_invocable_v<List, T*, CDescriptionBase&>;
+        static_assert(!IS_ANY_REFERENCE, "a reference member cannot be described: make it a pointer or a value");
+        static_assert(IS_ANY_REFERENCE || IS_ADDRESSABLE,
+                      "a bit-field cannot be described: make it a member of its full type");
+        if constexpr (IS_ADDRESSABLE) {
+            constexpr detail::MemberFault FAULT = std::invoke_result_t<List, T*, CDescriptionBase&>::VALUE;
+            static_assert(FAULT != detail::MemberFault::STATIC,
+                          "a static member cannot be described, which belongs to no object: describe a data member");
+            static_assert(FAULT != detail::MemberFault::UNREACHABLE, VEXA_DETAIL_FIXED_BASE_TEXT);
+            if constexpr (FAULT == detail::MemberFault::NONE) list(static_cast<T*>(nullptr), *this);
+        }
+    }
 };
 
 } // namespace vexa
