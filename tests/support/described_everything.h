@@ -12,10 +12,12 @@
 #include <unordered_set>
 #include <vector>
 
+#include <vexa/json_tree.h>
 #include <vexa/vexa.h>
 
 #include "support/everything_fill.h"
 #include "support/everything_same.h"
+#include "support/random_standard_json.h"
 
 /// Described classes that together hold every type that can be described, with what fills and compares them by hand.
 /// ForEachClass calls a function with a tag of each class.
@@ -156,6 +158,52 @@ struct Records {
 };
 VEXA_DESCRIBE(Records, value, row, table, nothing, values, tables)
 
+// JSON of any form.
+
+inline void Fill(Filler& filler, vexa::CRawJson& raw)
+{
+    raw.Set(RandomStandardJson(filler, 200).Text(filler.IsDeep() ? 0 : 2));
+}
+inline bool Same(Comparison& comparison, const vexa::CRawJson& left, const vexa::CRawJson& right)
+{
+    return comparison.Expect(left.Text() == right.Text(), left.Text() + " and " + right.Text());
+}
+inline void Fill(Filler& filler, vexa::CJsonTree& tree)
+{
+    vexa::CReport report;
+    tree.Parse(RandomStandardJson(filler, 200).Text(filler.IsDeep() ? 0 : 2), report);
+}
+inline bool Same(Comparison& comparison, const vexa::CJsonTree& left, const vexa::CJsonTree& right)
+{
+    const bool isSame = left.Kind() == right.Kind() && left.AsBool() == right.AsBool() &&
+                        left.AsText() == right.AsText() && left.AsDigits() == right.AsDigits();
+    if (!comparison.Expect(isSame && left.Size() == right.Size())) return false;
+    for (const vexa::CJsonTree::CMember& member : left.Members()) {
+        const vexa::CJsonTree* const other = right.Member(member.Key());
+        if (!comparison.Expect(other != nullptr, member.Key()) || !Same(comparison, member.Value, *other)) return false;
+    }
+    std::size_t number = 0;
+    for (const vexa::CJsonTree& element : left.Elements()) {
+        if (!Same(comparison, element, right[number++])) return false;
+    }
+    return true;
+}
+
+struct AnyJson {
+    vexa::CRawJson raw;
+    vexa::CJsonTree tree;
+    std::vector<vexa::CJsonTree> trees;
+    std::map<std::string, vexa::CRawJson> raws;
+    std::unique_ptr<vexa::CJsonTree> elsewhere;
+    VEXA_TEST_MEMBERS(raw, tree, trees, raws, elsewhere)
+};
+VEXA_DESCRIBE(AnyJson, raw, tree, trees, raws, elsewhere)
+// A null tree and no tree look the same.
+inline void Fill(Filler& filler, std::unique_ptr<vexa::CJsonTree>& tree)
+{
+    tree = filler.OneIn(2) ? nullptr : std::make_unique<vexa::CJsonTree>(RandomText(filler));
+}
+
 // Containers.
 
 struct Arrays {
@@ -282,8 +330,8 @@ void ForEachClass(F f)
 {
     const auto callWith = [&f](auto... tags) { (f(tags), ...); };
     callWith(ClassTag<Inner>(), ClassTag<Direct>(), ClassTag<MayBeNull>(), ClassTag<ByUnique>(), ClassTag<ByNonNull>(),
-             ClassTag<ByOwned>(), ClassTag<Records>(), ClassTag<Arrays>(), ClassTag<Vectors>(), ClassTag<Others>(),
-             ClassTag<Maps>(), ClassTag<Node>(), ClassTag<Nothing>(), ClassTag<Derived>());
+             ClassTag<ByOwned>(), ClassTag<Records>(), ClassTag<AnyJson>(), ClassTag<Arrays>(), ClassTag<Vectors>(),
+             ClassTag<Others>(), ClassTag<Maps>(), ClassTag<Node>(), ClassTag<Nothing>(), ClassTag<Derived>());
 }
 
 /// The same object for the same number, whatever the class can do: what cannot be copied is made twice.

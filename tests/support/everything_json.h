@@ -3,16 +3,13 @@
 
 #include <cstdlib>
 
-#include <nlohmann/json.hpp>
-
 #include "support/described_everything.h"
+#include "support/independent_json.h"
 
 /// Whether a JSON value, parsed by an independent library, is what the documents say of an object: a model by hand,
 /// type by type.
 
 namespace vexa_test::everything {
-
-using Json = nlohmann::json;
 
 template<class T>
 bool Agrees(Comparison& comparison, const Json& json, const T& value);
@@ -95,6 +92,14 @@ inline bool Agrees(Comparison& comparison, const Json& json, const vexa::CValue&
     case vexa::Enum::DT_DOUBLE: return Agrees(comparison, json, value.As_double());
     default: return Agrees(comparison, json, value.As_std_string());
     }
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const vexa::CRawJson& value)
+{
+    return comparison.Expect(json == Json::parse(value.Text()), json.dump());
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const vexa::CJsonTree& value)
+{
+    return comparison.Expect(IsSame(value, json), json.dump());
 }
 inline bool Agrees(Comparison& comparison, const Json& json, const vexa::CRow& value)
 {

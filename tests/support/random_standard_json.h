@@ -12,7 +12,11 @@ namespace vexa_test {
 
 class RandomStandardJson {
 public:
-    explicit RandomStandardJson(Random& random) : m_random(random) {}
+    /// Some exponents are up to \p largestExponent; a double holds them up to about 300.
+    explicit RandomStandardJson(Random& random, std::size_t largestExponent = 340)
+        : m_random(random), m_largestExponent(largestExponent)
+    {
+    }
 
     /// A value, with blanks around and in it.
     std::string Text(int depth = 5) { return Blank() + Value(depth) + Blank(); }
@@ -32,7 +36,7 @@ public:
         if (m_random.OneIn(3)) text += '.' + Digits(false);
         if (m_random.OneIn(4))
             text += std::string(1, "eE"[m_random.Below(2)]) + std::string(SIGNS[m_random.Below(3)]) +
-                    std::to_string(m_random.Below(m_random.OneIn(4) ? 340 : 12));
+                    std::to_string(m_random.Below(m_random.OneIn(4) ? m_largestExponent : 12));
         return text;
     }
     std::string String()
@@ -199,6 +203,7 @@ private:
     }
 
     Random& m_random;
+    std::size_t m_largestExponent;
 };
 
 } // namespace vexa_test
