@@ -273,6 +273,37 @@ bool Agrees(Comparison& comparison, const Json& json, const T& value)
     }
 }
 
+/// The active members of a union, and how many keys they are.
+inline bool AgreesActive(Comparison& comparison, const Json& json, const Choice& value, std::size_t& count)
+{
+    return ForEachActive(value.kind, [&](const char* name, auto member) {
+        ++count;
+        return comparison.Inside(name, [&] {
+            return comparison.Expect(json.contains(name), "missing") && Agrees(comparison, json[name], value.*member);
+        });
+    });
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const Choice& value)
+{
+    std::size_t count = 0;
+    return AgreesActive(comparison, json, value, count) && comparison.Expect(json.size() == count, json.dump());
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const Choices& value)
+{
+    std::size_t count = 3;
+    return AgreesActive(comparison, json, value, count) && Agrees(comparison, json.at("one"), value.one) &&
+           Agrees(comparison, json.at("all"), value.all) && Agrees(comparison, json.at("elsewhere"), value.elsewhere) &&
+           comparison.Expect(json.size() == count, json.dump());
+}
+
+inline bool Agrees(Comparison& comparison, const Json& json, const Groups& value)
+{
+    return comparison.Expect(json.is_object() && json.size() == 3, json.dump()) &&
+           Agrees(comparison, json.at("before"), value.before) &&
+           AgreesMembers(comparison, json.at("object"), {"number", "text"}, std::tie(value.number, value.text)) &&
+           AgreesMembers(comparison, json.at("group"), {"inner", "numbers"}, std::tie(value.inner, value.numbers));
+}
+
 } // namespace vexa_test::everything
 
 #endif
