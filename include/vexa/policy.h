@@ -51,7 +51,7 @@ struct CWritePolicy {
     bool LeaveOutNulls = false;    ///< attributes that are null
     bool LeaveOutDefaults = false; ///< attributes as a new object has them
     bool AllowNan = false;         ///< JSON: `NaN`, `Infinity`, `-Infinity`, otherwise a problem and `null`
-    bool AsciiOnly = false;        ///< JSON: every other character as \u escapes
+    bool AsciiOnly = false;        ///< JSON: every other character as `\u` escapes
     BadText Text = BadText::PROBLEM;
     MaskedValues Masked = MaskedValues::WRITE;
     std::size_t MaxDepth = 1000;

@@ -24,7 +24,7 @@ enum class ProblemCode : unsigned short {
     TEXT_AFTER_VALUE = 3,  ///< more follows the value
     BAD_NUMBER = 4,        ///< not a number of the format's grammar
     BAD_ESCAPE = 5,        ///< not an escape of the format's grammar
-    LONE_SURROGATE = 6,    ///< half of a pair of \u escapes
+    LONE_SURROGATE = 6,    ///< half of a pair of `\u` escapes
     CONTROL_CHARACTER = 7, ///< a raw control character in a string
     BAD_UTF8 = 8,          ///< bytes that are no UTF-8
     TOO_DEEP = 9,          ///< nested deeper than the policy allows
