@@ -72,6 +72,25 @@
         ::vexa::detail::DescribeAny<Type>(descriptor, #Type, id);                                                      \
     }
 
+/// Gives the values of an enumeration, scoped or not, their names, for the formats of vexa/interchange.h; everything
+/// else takes the enumeration for its integer. Up to 1000 enumerators, at namespace scope, in the namespace of the
+/// enumeration, before the first class that has a member of it. One of a class is named with it, `Outer::Color`.
+#define VEXA_DESCRIBE_ENUM(Type, ...)                                                                                  \
+    VEXA_DETAIL_DESCRIBE_ENUM(Type, __VA_ARGS__)                                                                       \
+    static_assert(::vexa::detail::HAS_NAMES<Type>,                                                                     \
+                  "an enumeration must be described before the first class that has a member of it");
+
+/// The same inside a class, of a private enumeration of it.
+#define VEXA_DESCRIBE_NESTED_ENUM(Type, ...) friend VEXA_DETAIL_DESCRIBE_ENUM(Type, __VA_ARGS__)
+
+#define VEXA_DETAIL_DESCRIBE_ENUM(Type, ...)                                                                           \
+    constexpr auto VexaDescribeEnum(::vexa::detail::CEnumerationTag<Type>)                                             \
+    {                                                                                                                  \
+        return ::vexa::detail::NamesOfValues(#Type, #__VA_ARGS__,                                                      \
+                                             {VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_ENUMERATOR, Type, __VA_ARGS__)});       \
+    }
+#define VEXA_DETAIL_ENUMERATOR(Type, name) static_cast<long long>(Type::name),
+
 /// Inside a class: lets its description reach private members.
 #define VEXA_FRIEND(Type) friend void VexaDescribe(::vexa::CDescription<Type>&)
 

@@ -21,39 +21,39 @@ namespace vexa {
 template<class T, class = detail::IfObject<T>>
 bool ReadJson(T& object, std::string_view text, CReport& report, const CReadPolicy& policy = {})
 {
-    return ReadJson(RefOf(object), text, report, policy);
+    return ReadJson(RefOf(object), text, report, policy, detail::NamesOf<T>());
 }
 template<class T, class = detail::IfObject<T>>
 bool ReadJson(T& object, const InputFunction& input, CReport& report, const CReadPolicy& policy = {})
 {
-    return ReadJson(RefOf(object), input, report, policy);
+    return ReadJson(RefOf(object), input, report, policy, detail::NamesOf<T>());
 }
 template<class T, class = detail::IfObject<T>>
 bool ReadEvents(T& object, CEventSource& source, CReport& report, const CReadPolicy& policy = {})
 {
-    return ReadEvents(RefOf(object), source, report, policy);
+    return ReadEvents(RefOf(object), source, report, policy, detail::NamesOf<T>());
 }
 template<class T, class = detail::IfObject<T>>
 bool WriteJson(std::string& out, const T& object, const CWritePolicy& policy = {}, CReport* report = nullptr)
 {
-    return WriteJson(out, RefOf(object), policy, report);
+    return WriteJson(out, RefOf(object), policy, report, detail::NamesOf<T>());
 }
 template<class T, class = detail::IfObject<T>>
 bool WriteJson(const OutputFunction& out, const T& object, const CWritePolicy& policy = {}, CReport* report = nullptr)
 {
-    return WriteJson(out, RefOf(object), policy, report);
+    return WriteJson(out, RefOf(object), policy, report, detail::NamesOf<T>());
 }
 template<class T, class = detail::IfObject<T>>
 std::string WriteJson(const T& object, const CWritePolicy& policy = {}, CReport* report = nullptr)
 {
     std::string out;
-    WriteJson(out, RefOf(object), policy, report);
+    WriteJson(out, RefOf(object), policy, report, detail::NamesOf<T>());
     return out;
 }
 template<class T, class = detail::IfObject<T>>
 bool WriteEvents(CEventSink& sink, const T& object, const CWritePolicy& policy = {}, CReport* report = nullptr)
 {
-    return WriteEvents(sink, RefOf(object), policy, report);
+    return WriteEvents(sink, RefOf(object), policy, report, detail::NamesOf<T>());
 }
 
 /// The same of an object of its own, emptied by assigning a default one.

@@ -24,6 +24,7 @@
 #include <vexa/table.h>
 #include <vexa/text.h>
 #include <vexa/type_infor.h>
+#include <vexa/types.h>
 #include <vexa/value.h>
 
 #endif

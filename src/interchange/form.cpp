@@ -112,6 +112,8 @@ CForm::CForm(const CGnlTypeInfor& type, unsigned long offset, const detail::CEnu
     }
     if (Kind == FormKind::CUSTOM) Shape = typeinfo::ShapeOf(CustomInfor());
     if (Shape != nullptr) Kind = FormKind::SHAPE;
+    if (Kind == FormKind::SHAPE && Shape->Kind == detail::ShapeKind::SIGNED_BYTE)
+        Enumeration = static_cast<const detail::CEnumerationSlot*>(Shape->Operations);
     if (Kind == FormKind::BASIC && Enumeration != nullptr) Kind = FormKind::ENUMERATION;
 }
 

@@ -71,7 +71,7 @@ struct CForm {
     std::uint32_t ValueOffset = 0; ///< to the value; POINTER: to the pointer
     const CGnlTypeInfor* Type = nullptr;
     const detail::CShape* Shape = nullptr;                 ///< SHAPE
-    const detail::CEnumerationSlot* Enumeration = nullptr; ///< ENUMERATION
+    const detail::CEnumerationSlot* Enumeration = nullptr; ///< ENUMERATION; SHAPE: of a SIGNED_BYTE with names
 
     CForm() = default;
     CForm(const CGnlTypeInfor& type, unsigned long offset, const detail::CEnumerationSlot* enumeration);

@@ -6,6 +6,7 @@
 
 #include "core/basic_types.h"
 #include "core/type_table.h"
+#include "record/leaf.h"
 #include "reference/custom_value.h"
 #include "reference/union_member.h"
 #include "reference/union_watch.h"
@@ -24,13 +25,6 @@ struct CLeaf {
     const CAttribInfor* Attrib;
     bool IsMasked;
 };
-
-bool IsLeaf(const CGnlTypeInfor& type)
-{
-    return type.IsBasicType() ||
-           (type.DataType == DT_CUSTOM_BASIC &&
-            (reference::HasOwnLayout(type) || type.GetStdTypeInforFromCustomType().IsBasicType()));
-}
 
 class CLeafList {
 public:
@@ -55,7 +49,7 @@ private:
                 auto path = members;
                 path.push_back(&attrib);
                 Collect(*static_cast<const CClassInfor*>(attrib.TypeInfor.DetailInfor), name + "_", path, isMaskedHere);
-            } else if (IsLeaf(attrib.TypeInfor)) {
+            } else if (record::IsLeaf(attrib.TypeInfor)) {
                 Add({name, members, &infor, &attrib, isMaskedHere});
             }
         }
@@ -114,39 +108,6 @@ void ReadLeaf(CValue& value, const CConstRefrence& leaf)
     }
 }
 
-/// Sets a basic value by reading \p value as its type, so that a text goes into a number and a number into a text.
-void WriteBasic(CStdBasicTypeRefrence& target, const CValue& value)
-{
-    core::VisitBasicType(target.TypeInfor.DataType, [&](auto type) {
-        using T = typename decltype(type)::Type;
-        if constexpr (std::is_same_v<T, std::string>)
-            target.ReadFrom(value.As_std_string());
-        else if constexpr (std::is_same_v<T, long double>)
-            target.ReadFrom(value.As_long_double());
-        else if constexpr (std::is_same_v<T, core::CTextAtAddress>)
-            target.ReadFrom(value.As_const_char_ptr());
-        else {
-            T converted{};
-            value.WriteTo(converted);
-            target.ReadFrom(converted);
-        }
-    });
-}
-
-void WriteLeaf(CRefrence leaf, const CValue& value)
-{
-    if (value.IsNull()) return leaf.Clear();
-    if (leaf.TypeInfor.DataType != DT_CUSTOM_BASIC) return WriteBasic(leaf.AsStdBasicType(), value);
-    leaf.SetNotNull();
-    if (!reference::HasOwnLayout(leaf.TypeInfor)) {
-        CRefrence standard = reference::StandardValueInPlace(leaf);
-        WriteBasic(standard.AsStdBasicType(), value);
-        return;
-    }
-    const auto convert = reference::CustomInfor(leaf.TypeInfor).FromValue;
-    if (convert != nullptr && leaf.ValueAddress() != nullptr) convert(leaf.ValueAddress(), value);
-}
-
 /// A leaf that is the selector of a union hands it over; where that cannot be done, it keeps its value.
 void WriteCell(void* object, const CLeaf& leaf, const CValue& value)
 {
@@ -154,7 +115,7 @@ void WriteCell(void* object, const CLeaf& leaf, const CValue& value)
     const CRefrence attrib = AttribOf(owner, *leaf.Attrib);
     if (attrib.Address == nullptr) return;
     const reference::CUnionWatch watch(*leaf.Owner, owner);
-    WriteLeaf(attrib, value);
+    record::WriteLeaf(attrib, value);
 }
 
 const CClassInfor* ElementClass(const CContainerConstRefrence& container)

@@ -20,6 +20,7 @@
 #include "typeinfo/notes.h"
 #include "typeinfo/qualified_name.h"
 #include "typeinfo/registration.h"
+#include "typeinfo/shape.h"
 #include "typeinfo/slot_group.h"
 
 namespace vexa {
@@ -75,6 +76,10 @@ void Make(CContainerSlot& slot)
 
 void Make(CCustomSlot& slot)
 {
+    if (slot.Shaped != nullptr) {
+        FillWith(slot, typeinfo::MakeShaped(*slot.Shaped));
+        return;
+    }
     CCustomBasicTypeInfor* made = nullptr;
     slot.Describe(made);
     typeinfo::Fill(slot, made);

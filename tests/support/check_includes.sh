@@ -56,7 +56,7 @@ BEGIN {
     floors(4, "text json")
     floors(5, "value table")
     floors(6, "report event policy json_tree detail/interchange")
-    floors(top, "may_null describe interchange vexa")
+    floors(top, "may_null types describe interchange vexa")
 }
 
 {

@@ -95,6 +95,43 @@ template<class T>
 inline CCustomSlot CUSTOM_SLOT{
     [](CCustomBasicTypeInfor*& descriptor) { VexaDescribeCustom(CCustomTag<T>(), descriptor); }};
 
+template<class T>
+constexpr auto SwapOf()
+{
+    void (*swap)(void*, void*) noexcept = nullptr;
+    if constexpr (std::is_nothrow_swappable_v<T>) {
+        swap = [](void* left, void* right) noexcept { std::swap(*static_cast<T*>(left), *static_cast<T*>(right)); };
+    }
+    return swap;
+}
+
+/// The names of an enumeration's values, the operations of every other type.
+template<class T>
+constexpr const void* ShapeOperationsOf()
+{
+    if constexpr (HAS_NAMES<T>)
+        return &ENUMERATION_SLOT<T>;
+    else
+        return CKind<T>::Operations();
+}
+
+template<class T>
+struct CShaped {
+    using Kind = CKind<T>;
+    static constexpr CShapedType TYPE = {
+        {Kind::KIND, Kind::PART_COUNT, Kind::PartSources(), ShapeOperationsOf<T>(), SwapOf<T>()},
+        Kind::NAME,
+        Kind::AppendName,
+        sizeof(T),
+        &MakeObject<T>,
+        &DestroyObject<T>,
+        &Kind::template ToValue<T>,
+        &Kind::template FromValue<T>};
+};
+
+template<class T>
+inline CCustomSlot SHAPE_SLOT{&CShaped<T>::TYPE};
+
 /// Bytes that the 16-bit value offset of a custom type reaches.
 inline constexpr std::size_t CUSTOM_REACH = 0x8000;
 
@@ -258,7 +295,19 @@ constexpr CContainerRecord MakeContainerRecord()
 template<class Container>
 inline CContainerSlot CONTAINER_SLOT{MakeContainerRecord<Container>()};
 
-/// Where the details of a kind of value are: those of a class, a container or a custom type.
+template<class T>
+constexpr CSlot* CustomSlotOf()
+{
+    if constexpr (IS_CUSTOM<T>)
+        return &CUSTOM_SLOT<T>;
+    else if constexpr (std::is_enum_v<T> && !HAS_NAMES<T>)
+        return &SHAPE_SLOT<std::underlying_type_t<T>>;
+    else
+        return &SHAPE_SLOT<T>;
+}
+
+/// Where the details of a kind of value are: those of a class, a container or a custom type, or the names of an
+/// enumeration's values.
 template<class T>
 constexpr CSlot* DetailSlotOf()
 {
@@ -266,9 +315,11 @@ constexpr CSlot* DetailSlotOf()
     if constexpr (CODE == Enum::DT_CLASS)
         return &CLASS_SLOT<T>;
     else if constexpr (CODE == Enum::DT_CUSTOM_BASIC)
-        return &CUSTOM_SLOT<T>;
+        return CustomSlotOf<T>();
     else if constexpr (CODE >= Enum::DT_SEQUENCE_A && CODE <= Enum::DT_ASSOCIATIVE_E)
         return &CONTAINER_SLOT<T>;
+    else if constexpr (HAS_NAMES<T>)
+        return &ENUMERATION_SLOT<T>;
     else
         return nullptr;
 }

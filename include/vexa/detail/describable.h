@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <type_traits>
-#include <vector>
 
 #include <vexa/detail/holding.h>
 #include <vexa/detail/type_traits.h>
@@ -19,23 +18,9 @@ class CValue;
 namespace detail {
 
 template<class T>
-inline constexpr bool IS_VECTOR_OF_BOOL = false;
-template<class Allocator>
-inline constexpr bool IS_VECTOR_OF_BOOL<std::vector<bool, Allocator>> = true;
-template<class T>
 inline constexpr bool IS_UNIQUE_POINTER_TO_CONST = false;
 template<class T>
 inline constexpr bool IS_UNIQUE_POINTER_TO_CONST<std::unique_ptr<const T>> = true;
-
-/// An enumeration is its underlying integer.
-template<class T, bool = std::is_enum_v<T>>
-struct CWithoutEnum {
-    using Type = T;
-};
-template<class T>
-struct CWithoutEnum<T, true> {
-    using Type = std::underlying_type_t<T>;
-};
 
 /// Whether CKind has no more to say than that it may be a class.
 template<class T, class = void>
@@ -43,26 +28,46 @@ inline constexpr bool NEEDS_DESCRIPTION = false;
 template<class T>
 inline constexpr bool NEEDS_DESCRIPTION<T, std::void_t<typename CKind<T>::NeedsDescription>> = !IS_DESCRIBED<T>;
 
+/// Whether a type, as the compiler spells it, is one of those that vexa/types.h describes.
+constexpr bool IsSpelledLike(const char* spelled, const char* beginning)
+{
+    while (*beginning != '\0' && *spelled == *beginning) {
+        ++spelled;
+        ++beginning;
+    }
+    return *beginning == '\0';
+}
+template<class T>
+constexpr bool IsOfTypesHeader()
+{
+    const char* spelled = __PRETTY_FUNCTION__;
+    while (*spelled != '=')
+        ++spelled;
+    spelled += 2;
+    return IsSpelledLike(spelled, "std::optional<") || IsSpelledLike(spelled, "std::variant<") ||
+           IsSpelledLike(spelled, "std::chrono::") || IsSpelledLike(spelled, "std::filesystem::") ||
+           IsSpelledLike(spelled, "std::monostate");
+}
+
 /// Whether there is a code for such a value, however it is held.
 template<class T>
 constexpr bool IsDescribableValue()
 {
     constexpr bool IS_UNDESCRIBED = NEEDS_DESCRIPTION<T>;
-    if constexpr (std::is_same_v<typename CWithoutEnum<T>::Type, signed char>) {
-        static_assert(!IS_UNDESCRIBED,
-                      "signed char has no type code: use char or unsigned char for bytes, short for numbers");
-    } else if constexpr (IS_SPECIALIZATION<T, std::shared_ptr>) {
-        static_assert(!IS_UNDESCRIBED,
-                      "a std::shared_ptr cannot be described: hold the object by std::unique_ptr or by value");
-    } else if constexpr (IS_VECTOR_OF_BOOL<T>) {
-        static_assert(!IS_UNDESCRIBED,
-                      "std::vector<bool> has no elements that can be addressed: use std::deque<bool> or std::bitset");
+    if constexpr (CKind<T>::CODE == Enum::DT_CUSTOM_BASIC && !IS_CUSTOM<T>) {
+        return CKind<T>::IsDescribable();
+    } else if constexpr (!IS_UNDESCRIBED) {
+        return true;
+    } else if constexpr (IsOfTypesHeader<T>()) {
+        static_assert(!IS_UNDESCRIBED, "this type of the standard library is described by a header of its own: "
+                                       "include <vexa/types.h>");
+        return false;
     } else {
         static_assert(!IS_UNDESCRIBED,
                       "this type is not described: describe it with VEXA_DESCRIBE or VEXA_DESCRIBE_CLASS "
                       "in its own namespace");
+        return false;
     }
-    return !IS_UNDESCRIBED;
 }
 
 /// Whether a pointer or a wrapper can hold such a value: it cannot hold another.

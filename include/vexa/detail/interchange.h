@@ -11,29 +11,37 @@
 #include <vexa/report.h>
 
 /// \file
-/// The compiled half of vexa/interchange.h: of any described object by reference.
+/// The compiled half of vexa/interchange.h: of any described object by reference. \p names are those of the object's
+/// values where it is itself an enumeration, which a reference does not tell from its integer.
 
 namespace vexa {
+
+namespace detail {
+
+struct CEnumerationSlot;
+
+} // namespace detail
 
 /// Reads one JSON value into an object that exists: what the text does not name stays as it is, what it names is
 /// replaced whole. Problems of meaning do not end the reading. After a problem the object is valid and holds what could
 /// be read, or with CReadPolicy::Transactional what it held before. \p text must not be part of the object.
 /// \return whether there was no problem. Throws std::bad_alloc, and what the application's converters throw at
 /// allocation; the object is then valid.
-VEXA_API bool ReadJson(const CRefrence& target, std::string_view text, CReport& report, const CReadPolicy& policy = {});
+VEXA_API bool ReadJson(const CRefrence& target, std::string_view text, CReport& report, const CReadPolicy& policy = {},
+                       const detail::CEnumerationSlot* names = nullptr);
 VEXA_API bool ReadJson(const CRefrence& target, const InputFunction& input, CReport& report,
-                       const CReadPolicy& policy = {});
+                       const CReadPolicy& policy = {}, const detail::CEnumerationSlot* names = nullptr);
 /// The same from any format.
-VEXA_API bool ReadEvents(const CRefrence& target, CEventSource& source, CReport& report,
-                         const CReadPolicy& policy = {});
+VEXA_API bool ReadEvents(const CRefrence& target, CEventSource& source, CReport& report, const CReadPolicy& policy = {},
+                         const detail::CEnumerationSlot* names = nullptr);
 
 /// Writes an object as one JSON value. What has no form is `null` and a problem. \return whether there was none.
 VEXA_API bool WriteJson(std::string& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
-                        CReport* report = nullptr);
+                        CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
 VEXA_API bool WriteJson(const OutputFunction& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
-                        CReport* report = nullptr);
+                        CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
 VEXA_API bool WriteEvents(CEventSink& sink, const CConstRefrence& ref, const CWritePolicy& policy = {},
-                          CReport* report = nullptr);
+                          CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
 
 /// The problems as a JSON array of objects, for programs.
 VEXA_API std::string WriteJson(const CReport& report, const CWritePolicy& policy = {});

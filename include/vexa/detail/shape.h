@@ -15,7 +15,8 @@
 namespace vexa::detail {
 
 enum class ShapeKind : unsigned char {
-    SIGNED_BYTE, ///< signed char; lies in place
+    SIGNED_BYTE, ///< signed char; lies in place. Operations is a CEnumerationSlot where its values have names, else
+                 ///< null
     OPTIONAL,    ///< COptionalOperations; one part. std::optional, std::shared_ptr
     VARIANT,     ///< CVariantOperations; a part for each alternative
     TUPLE,       ///< CTupleOperations; a part for each element
@@ -34,18 +35,37 @@ struct CShape {
     unsigned int PartCount;
     const CTypeSource* Parts; ///< how the parts are described
     const void* Operations;   ///< by Kind
+    /// Exchanges the whole states of two objects; null where that cannot be done without an exception.
+    void (*Swap)(void* left, void* right) noexcept;
 };
+
+/// What the custom descriptor of a type with a shape is made from.
+struct CShapedType {
+    CShape Shape;
+    const char* Name;
+    void (*AppendName)(std::string& name); ///< what follows Name; null for the names of the parts in angle brackets
+    unsigned long Size;
+    void* (*Factory)();
+    void (*Deleter)(void*);
+    void (*ToValue)(const void* object, CValue& out);
+    void (*FromValue)(void* object, const CValue& in);
+};
+
+/// The standard value of an object with that shape, for the custom descriptor's converters: what is inside where that
+/// is one basic value, else one line of text, in which confidential attributes are masked.
+VEXA_API void ShapeToValue(const CShapedType& type, const void* object, CValue& out);
+/// The other way round. A null \p in leaves the empty state; what cannot be read from one value is logged, and the
+/// object stays as it was.
+VEXA_API void ShapeFromValue(const CShapedType& type, void* object, const CValue& in);
 
 struct COptionalOperations {
     const void* (*Get)(const void* optional); ///< the value, null where there is none
     void* (*Make)(void* optional);            ///< replaces the value by a default one; null where it cannot be made
     void (*Reset)(void* optional);
-    /// Takes over an object of the part's class, or of one derived from it, made by its factory; only of a
-    /// std::shared_ptr.
-    void (*Adopt)(void* optional, void* object);
-    /// Destroys a moved-from value: used by the undo record. Moves the whole state of \p from to \p to, both
-    /// constructed.
-    void (*Swap)(void* left, void* right) noexcept;
+    /// Lets a std::shared_ptr share \p object, which is of the part's class and lies in \p whole, or is that itself;
+    /// \p whole goes to \p deleter with the last pointer, and at once where there is no memory (std::bad_alloc). Null
+    /// for every other type.
+    void (*Adopt)(void* optional, void* object, void* whole, void (*deleter)(void* whole));
 };
 
 struct CVariantOperations {
@@ -79,10 +99,22 @@ struct CTimePointOperations {
     bool (*Store)(void* time, long long seconds, long nanoseconds);
 };
 
+/// For a unit of \p numerator / \p denominator seconds: the time of so many of them, rounded down.
+VEXA_API void TimeOfCount(long long count, long long numerator, long long denominator, long long& seconds,
+                          long& nanoseconds) noexcept;
+VEXA_API void TimeOfCount(long double count, long long numerator, long long denominator, long long& seconds,
+                          long& nanoseconds) noexcept;
+/// How many units a time is. \return false where it is not a whole number of them, or too many.
+VEXA_API bool CountOfTime(long long seconds, long nanoseconds, long long numerator, long long denominator,
+                          long long& count) noexcept;
+VEXA_API long double FloatingCountOfTime(long long seconds, long nanoseconds, long long numerator,
+                                         long long denominator) noexcept;
+
 struct CTextOperations {
     /// The text; \p memory holds it where the type does not itself.
     std::string_view (*Get)(const void* object, std::string& memory);
     void (*Set)(void* object, std::string_view text); ///< null where the type does not keep a text of its own
+    void (*Clear)(void* object);                      ///< leaves an empty text
 };
 
 } // namespace vexa::detail

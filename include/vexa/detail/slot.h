@@ -100,13 +100,18 @@ template<class T>
 struct CCustomTag {
 };
 
+struct CShapedType;
+
+/// A custom type registers itself, or is made from its shape.
 struct CCustomSlot : CSlot {
     constexpr explicit CCustomSlot(void (*describe)(CCustomBasicTypeInfor*&)) noexcept
         : CSlot(SlotForm::CUSTOM), Describe(describe)
     {
     }
+    constexpr explicit CCustomSlot(const CShapedType* shaped) noexcept : CSlot(SlotForm::CUSTOM), Shaped(shaped) {}
 
-    void (*Describe)(CCustomBasicTypeInfor*&); ///< registers the type
+    void (*Describe)(CCustomBasicTypeInfor*&) = nullptr;
+    const CShapedType* Shaped = nullptr;
 };
 
 struct CTypeSlot : CSlot {

@@ -15,7 +15,9 @@
 #include <vexa/detail/basic_code.h>
 #include <vexa/detail/container_operations.h>
 #include <vexa/detail/describable.h>
+#include <vexa/detail/enumeration_names.h>
 #include <vexa/detail/holding.h>
+#include <vexa/detail/light_shapes.h>
 #include <vexa/detail/type_traits.h>
 #include <vexa/group.h>
 #include <vexa/table.h>
@@ -30,11 +32,9 @@ namespace vexa::detail {
 template<class T>
 constexpr CSlot* DetailSlotOf();
 
-/// The primary template takes classes, and whatever no one has described.
+/// The primary template takes classes, types with a shape, and whatever no one has described.
 template<class T, class>
-struct CKind {
-    using NeedsDescription = void;
-    static constexpr unsigned int CODE = Enum::DT_CLASS;
+struct CKind : CShapeTrait<T> {
 };
 
 template<class T>
@@ -96,8 +96,7 @@ VEXA_DETAIL_CONTAINER(CAssociativeKind, unordered_multimap, DT_ASSOCIATIVE_E)
 // clang-format on
 
 template<class Allocator>
-struct CKind<std::vector<bool, Allocator>> : CPlainKind<Enum::DT_UNKNOWN> {
-    using NeedsDescription = void;
+struct CKind<std::vector<bool, Allocator>> : CShapeTrait<std::vector<bool, Allocator>> {
 };
 template<class T, std::size_t SIZE>
 struct CKind<std::array<T, SIZE>>

@@ -1,4 +1,4 @@
-#include "interchange/write_time.h"
+#include "core/write_time.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -7,7 +7,7 @@
 #include "core/decimal.h"
 #include "core/packed_time.h"
 
-namespace vexa::interchange {
+namespace vexa::core {
 
 namespace {
 
@@ -38,7 +38,7 @@ bool IsTime(const CCalendarTime& time)
 
 char* WriteTwo(char* at, long long value)
 {
-    std::memcpy(at, core::DIGIT_PAIRS.Pairs[value], 2);
+    std::memcpy(at, DIGIT_PAIRS.Pairs[value], 2);
     return at + 2;
 }
 
@@ -88,22 +88,22 @@ void SetDate(CCalendarTime& time, long long day)
 
 std::string_view TextOfPacked(CTimeRoom& room, std::uint64_t word)
 {
-    const auto field = [word](const core::PackedField& place) { return static_cast<long long>(place.Get(word)); };
-    const CCalendarTime time{field(core::PACKED_YEAR),
-                             field(core::PACKED_MONTH),
-                             field(core::PACKED_DAY),
-                             field(core::PACKED_HOUR),
-                             field(core::PACKED_MINUTE),
-                             field(core::PACKED_SECOND),
-                             static_cast<long>(field(core::PACKED_MILLISECOND)) * 1000000};
-    return Text(room, time, field(core::PACKED_UTC) != 0);
+    const auto field = [word](const PackedField& place) { return static_cast<long long>(place.Get(word)); };
+    const CCalendarTime time{field(PACKED_YEAR),
+                             field(PACKED_MONTH),
+                             field(PACKED_DAY),
+                             field(PACKED_HOUR),
+                             field(PACKED_MINUTE),
+                             field(PACKED_SECOND),
+                             static_cast<long>(field(PACKED_MILLISECOND)) * 1000000};
+    return Text(room, time, field(PACKED_UTC) != 0);
 }
 
 } // namespace
 
 std::string_view TextOfTime(CTimeRoom& room, const CDateTime& time) noexcept
 {
-    if (core::IsPacked(time.TimeWord)) return TextOfPacked(room, time.TimeWord);
+    if (IsPacked(time.TimeWord)) return TextOfPacked(room, time.TimeWord);
     return TextOfTime(room, static_cast<long long>(time.TimeWord / 1000),
                       static_cast<long>(time.TimeWord % 1000) * 1000000);
 }
@@ -127,4 +127,4 @@ std::string_view TextOfTime(CTimeRoom& room, long long seconds, long nanoseconds
     return Text(room, time, true);
 }
 
-} // namespace vexa::interchange
+} // namespace vexa::core

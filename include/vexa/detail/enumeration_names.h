@@ -1,0 +1,65 @@
+#ifndef VEXA_DETAIL_ENUMERATION_NAMES_H
+#define VEXA_DETAIL_ENUMERATION_NAMES_H
+
+#include <cstddef>
+#include <type_traits>
+
+#include <vexa/detail/enumeration.h>
+#include <vexa/detail/holding.h>
+
+/// \file
+/// From an enumeration to the names of its values.
+
+namespace vexa::detail {
+
+/// Leads to the function that VEXA_DESCRIBE_ENUM makes, in the namespace of the enumeration.
+template<class T>
+struct CEnumerationTag {
+};
+
+template<class T>
+auto FindsNames(int) -> decltype(VexaDescribeEnum(CEnumerationTag<T>()), std::true_type{});
+template<class T>
+std::false_type FindsNames(...);
+template<class T, bool = std::is_enum_v<T>>
+inline constexpr bool HAS_NAMES = false;
+template<class T>
+inline constexpr bool HAS_NAMES<T, true> = decltype(FindsNames<T>(0))::value;
+
+/// What that function gives.
+template<std::size_t COUNT>
+struct CEnumerationNames {
+    const char* Name;
+    const char* Names;
+    long long Values[COUNT];
+};
+template<std::size_t COUNT>
+constexpr CEnumerationNames<COUNT> NamesOfValues(const char* name, const char* names, const long long (&values)[COUNT])
+{
+    CEnumerationNames<COUNT> all{name, names, {}};
+    for (std::size_t i = 0; i < COUNT; ++i)
+        all.Values[i] = values[i];
+    return all;
+}
+
+template<class T>
+inline constexpr auto ENUMERATION_NAMES = VexaDescribeEnum(CEnumerationTag<T>());
+template<class T>
+inline CEnumerationSlot ENUMERATION_SLOT{ENUMERATION_NAMES<T>.Name, ENUMERATION_NAMES<T>.Names,
+                                         ENUMERATION_NAMES<T>.Values,
+                                         sizeof ENUMERATION_NAMES<T>.Values / sizeof(long long)};
+
+/// The names of the values of an object that is an enumeration, however it is held; null for every other one.
+template<class T>
+constexpr const CEnumerationSlot* NamesOf()
+{
+    using Value = typename CHolding<T>::Value;
+    if constexpr (HAS_NAMES<Value>)
+        return &ENUMERATION_SLOT<Value>;
+    else
+        return nullptr;
+}
+
+} // namespace vexa::detail
+
+#endif
