@@ -206,8 +206,11 @@ void Fill(Filler& filler, T& value)
         Randomize(filler, number);
         value = static_cast<T>(number);
     } else if constexpr (IS_TIME_POINT<T>) {
-        value = T(std::chrono::duration_cast<typename T::duration>(std::chrono::seconds(filler.Below(4102444800))));
-        value += typename T::duration(filler.OneIn(2) ? filler.Below(1000000000) : 0);
+        // From 1902 on, to the fraction that the type has.
+        const std::chrono::seconds second(static_cast<long>(filler.Below(4102444800)) -
+                                          (filler.OneIn(4) ? 4102444800 : 0) / 2);
+        const auto fraction = typename T::duration(filler.OneIn(2) ? filler.Below(1000000000) : 0);
+        value = T(std::chrono::duration_cast<typename T::duration>(second) + fraction);
     } else if constexpr (IS_DURATION<T>) {
         typename T::rep count{};
         Fill(filler, count);

@@ -184,7 +184,9 @@ bool AgreesArray(Comparison& comparison, const Json& json, const T& values)
 template<class T>
 std::string KeyText(const T& key)
 {
-    if constexpr (std::is_enum_v<T>)
+    if constexpr (std::is_same_v<T, Signal>)
+        return NameOf(key);
+    else if constexpr (std::is_enum_v<T>)
         return std::to_string(static_cast<std::underlying_type_t<T>>(key));
     else if constexpr (std::is_same_v<T, char>)
         return std::to_string(static_cast<unsigned char>(key));
@@ -243,8 +245,10 @@ bool Agrees(Comparison& comparison, const Json& json, const T& value)
     } else if constexpr (std::is_arithmetic_v<T>) {
         return AgreesNumber(comparison, json, value);
     } else if constexpr (IS_TIME_POINT<T>) {
-        const auto whole = std::chrono::duration_cast<std::chrono::nanoseconds>(value.time_since_epoch()).count();
-        return AgreesText(comparison, json, TimeText(whole / 1000000000, whole % 1000000000) + 'Z');
+        const auto second = std::chrono::floor<std::chrono::seconds>(value);
+        const auto fraction = std::chrono::duration_cast<std::chrono::nanoseconds>(value - second);
+        return AgreesText(comparison, json,
+                          TimeText(second.time_since_epoch().count(), static_cast<long>(fraction.count())) + 'Z');
     } else if constexpr (IS_DURATION<T>) {
         return AgreesNumber(comparison, json, value.count());
     } else if constexpr (IS_HELD_APART<T>) {
@@ -271,6 +275,43 @@ bool Agrees(Comparison& comparison, const Json& json, const T& value)
     } else {
         return AgreesArray(comparison, json, value);
     }
+}
+
+inline bool Agrees(Comparison& comparison, const Json& json, const Signal& value)
+{
+    return HasName(value) ? AgreesText(comparison, json, NameOf(value))
+                          : AgreesNumber(comparison, json, static_cast<signed char>(value));
+}
+
+/// The members of a class that is told by a tag: \p names begin with the tag.
+template<class... Members>
+bool AgreesTagged(Comparison& comparison, const Json& json, const std::vector<std::string>& names,
+                  const std::string& tag, const Members&... members)
+{
+    return AgreesMembers(comparison, json, names, std::tie(tag, members...));
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const Cat& cat)
+{
+    return AgreesTagged(comparison, json, {"species", "lives"}, "cat", cat.lives);
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const Dog& dog)
+{
+    return AgreesTagged(comparison, json, {"species", "name", "lives"}, "dog", dog.name, dog.lives);
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const Circle& circle)
+{
+    return AgreesTagged(comparison, json, {"kind", "label", "radius"}, "circle", circle.label, circle.radius);
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const Drawing& drawing)
+{
+    return AgreesTagged(comparison, json, {"kind", "label", "inside", "figures", "shared", "circles"}, "drawing",
+                        drawing.label, drawing.inside, drawing.figures, drawing.shared, drawing.circles);
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const Figure& figure)
+{
+    if (const auto* const circle = dynamic_cast<const Circle*>(&figure)) return Agrees(comparison, json, *circle);
+    if (const auto* const drawing = dynamic_cast<const Drawing*>(&figure)) return Agrees(comparison, json, *drawing);
+    return AgreesTagged(comparison, json, {"kind", "label"}, "vexa_test::everything::Figure", figure.label);
 }
 
 /// The active members of a union, and how many keys they are.
