@@ -37,9 +37,14 @@ struct CWriteFrame : CPathStep {
 /// What one writing is told, and what comes of it beside the text.
 class CWriteContext {
 public:
-    CWriteContext(const CWritePolicy& policy, CReport* report) noexcept : m_policy(policy), m_report(report) {}
+    /// \p isComplete: every attribute is written, also one that its class leaves out when it is as in a new object.
+    CWriteContext(const CWritePolicy& policy, CReport* report, bool isComplete = false) noexcept
+        : m_policy(policy), m_report(report), m_isComplete(isComplete)
+    {
+    }
 
     const CWritePolicy& Policy() const noexcept { return m_policy; }
+    bool IsComplete() const noexcept { return m_isComplete; }
     bool HasProblems() const noexcept { return m_hasProblems; }
 
     /// Tells a problem of the value that the innermost step leads to. \p found is left out where it may be
@@ -50,6 +55,7 @@ public:
 private:
     const CWritePolicy& m_policy;
     CReport* m_report;
+    const bool m_isComplete;
     bool m_hasProblems = false;
 };
 

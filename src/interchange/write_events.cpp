@@ -1,0 +1,84 @@
+// Writing any value to a sink of any format.
+
+#include <vexa/interchange.h>
+
+#include <cmath>
+
+#include "core/packed_time.h"
+#include "interchange/event_writer.h"
+#include "interchange/write_all.h"
+#include "interchange/write_number.h"
+
+namespace vexa {
+
+namespace interchange {
+
+/// Digits keep a long double whole, where its double is another value.
+template<class T>
+CEventWriter::Cursor CEventWriter::Floating(Cursor at, T value)
+{
+    const auto nearest = static_cast<double>(value);
+    if (std::is_same_v<T, long double> && std::isfinite(value) && static_cast<T>(nearest) != value) {
+        char digits[NUMBER_ROOM];
+        m_sink.Number({digits, static_cast<std::size_t>(WriteShortest(digits, value) - digits)});
+    } else {
+        m_sink.Floating(nearest);
+    }
+    return at;
+}
+
+CEventWriter::Cursor CEventWriter::Decimal(Cursor at, const CDecimal& value)
+{
+    std::string digits(value.IsNegative ? "-" : "");
+    digits += value.Integer.empty() ? "0" : value.Integer;
+    if (!value.Fraction.empty()) digits.append(".").append(value.Fraction);
+    m_sink.Number(digits);
+    return at;
+}
+
+CEventWriter::Cursor CEventWriter::Bytes(Cursor at, const CBinary& bytes)
+{
+    if (m_abilities.HasBytes) {
+        m_sink.Bytes({bytes.data(), bytes.Size});
+    } else {
+        std::string text(Base64Length(bytes.Size), '\0');
+        WriteBase64(text.data(), bytes.Data, bytes.Size);
+        m_sink.String(text);
+    }
+    return at;
+}
+
+/// A local time before 1970 is no instant in UTC.
+CEventWriter::Cursor CEventWriter::Time(Cursor at, const CDateTime& time, std::string_view text)
+{
+    const bool isLocal = core::IsPacked(time.TimeWord) && core::PACKED_UTC.Get(time.TimeWord) == 0;
+    if (m_abilities.HasDateTime && !isLocal)
+        m_sink.DateTime(time);
+    else
+        m_sink.String(text);
+    return at;
+}
+
+std::string CEventWriter::Mended(std::string_view text, const CPathStep& where)
+{
+    BadText policy = m_context.Policy().Text;
+    if (policy == BadText::PROBLEM) {
+        m_context.Tell(ProblemCode::BAD_UTF8, where, {});
+        policy = BadText::REPLACE;
+    }
+    std::string mended;
+    AppendMended(mended, text, policy);
+    return mended;
+}
+
+} // namespace interchange
+
+bool WriteEvents(CEventSink& sink, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report)
+{
+    interchange::CWriteContext context(policy, report);
+    interchange::CEventWriter writer(sink, context);
+    interchange::WriteTop(writer, context, {}, ref);
+    return !context.HasProblems();
+}
+
+} // namespace vexa
