@@ -8,6 +8,7 @@
 #include <vexa/binary.h>
 #include <vexa/event.h>
 
+#include "core/basic_types.h"
 #include "interchange/base64.h"
 #include "interchange/sink.h"
 #include "interchange/utf8.h"
@@ -19,7 +20,6 @@ namespace vexa::interchange {
 class CEventWriter {
 public:
     struct Cursor {};
-    static constexpr bool HAS_SPANS = false;
 
     CEventWriter(CEventSink& sink, CWriteContext& context)
         : m_sink(sink), m_context(context), m_abilities(sink.Abilities())
@@ -37,6 +37,13 @@ public:
             m_sink.Signed(static_cast<long long>(value));
         else
             m_sink.Unsigned(value);
+        return at;
+    }
+    template<class T>
+    Cursor Integers(Cursor at, const char* first, const char* last, T)
+    {
+        for (; first != last; first += sizeof(T))
+            Integer(at, core::Load<T>(first));
         return at;
     }
     template<class T>

@@ -28,7 +28,6 @@ template<bool STYLED>
 class CJsonSink : public CTextRoom {
 public:
     using Cursor = char*;
-    static constexpr bool HAS_SPANS = !STYLED;
 
     template<class... Room>
     explicit CJsonSink(CWriteContext& context, Room&&... room)
@@ -126,7 +125,7 @@ public:
             for (const char* const end = first + length; first != end; first += sizeof(T)) {
                 T value;
                 std::memcpy(&value, first, sizeof value);
-                at = Comma(core::WriteDecimal(at, value));
+                at = Comma(core::WriteDecimal(STYLED ? Line(at) : at, value));
             }
         }
         return at;

@@ -33,8 +33,7 @@
 ///     Cursor Element(Cursor);
 ///     Cursor EndArray(Cursor);
 ///     Cursor Raw(Cursor, std::string_view json);       a JSON value as it stands, which has been checked
-///     static constexpr bool HAS_SPANS;                 whether Integers() is worth calling
-///     Cursor Integers(Cursor, first, last, T);         elements of an array, one behind the other
+///     Cursor Integers(Cursor, const char* first, const char* last, T);   elements of an array, one behind the other
 
 namespace vexa::interchange {
 

@@ -13,14 +13,19 @@
 
 namespace vexa::interchange {
 
-/// Writes a value that is not inside another. A reference without address is null.
+/// A value that is not inside another. A reference without address is null.
+struct CTop {
+    const CConstRefrence& Ref;
+    const detail::CEnumerationSlot* Names; ///< of its values, where it is an enumeration
+};
+
 template<class Sink>
-typename Sink::Cursor WriteTop(Sink& sink, CWriteContext& context, typename Sink::Cursor at, const CConstRefrence& ref)
+typename Sink::Cursor WriteTop(Sink& sink, CWriteContext& context, typename Sink::Cursor at, const CTop& top)
 {
-    if (ref.Address == nullptr) return sink.Null(at);
-    const CForm form(ref.TypeInfor, 0, nullptr);
+    if (top.Ref.Address == nullptr) return sink.Null(at);
+    const CForm form(top.Ref.TypeInfor, 0, top.Names);
     CWriteFrame outside;
-    return CWritingWalk<Sink>(sink, context).Holder(at, form, ref.Address, outside);
+    return CWritingWalk<Sink>(sink, context).Holder(at, form, top.Ref.Address, outside);
 }
 
 } // namespace vexa::interchange

@@ -76,7 +76,7 @@ CWritingWalk<Sink>::BasicElements(Cursor at, const CForm& element, const char* f
     frame.To(0);
     core::VisitBasicType(element.Code, [&](auto type) {
         using T = typename decltype(type)::Type;
-        if constexpr (Sink::HAS_SPANS && std::is_integral_v<T> && !std::is_same_v<T, bool>) {
+        if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
             if (stride == sizeof(T)) {
                 at = m_sink.Integers(at, first, last, T());
                 return;

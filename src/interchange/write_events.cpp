@@ -1,6 +1,6 @@
 // Writing any value to a sink of any format.
 
-#include <vexa/interchange.h>
+#include <vexa/detail/interchange.h>
 
 #include <cmath>
 
@@ -73,11 +73,12 @@ std::string CEventWriter::Mended(std::string_view text, const CPathStep& where)
 
 } // namespace interchange
 
-bool WriteEvents(CEventSink& sink, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report)
+bool WriteEvents(CEventSink& sink, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report,
+                 const detail::CEnumerationSlot* names)
 {
     interchange::CWriteContext context(policy, report);
     interchange::CEventWriter writer(sink, context);
-    interchange::WriteTop(writer, context, {}, ref);
+    interchange::WriteTop(writer, context, {}, {ref, names});
     return !context.HasProblems();
 }
 

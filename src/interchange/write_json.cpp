@@ -1,6 +1,6 @@
 // Writing any value as JSON.
 
-#include <vexa/interchange.h>
+#include <vexa/detail/interchange.h>
 
 #include "interchange/json_sink.h"
 #include "interchange/write_all.h"
@@ -12,20 +12,20 @@ namespace interchange {
 namespace {
 
 template<bool STYLED, class... Room>
-void Write(CWriteContext& context, const CConstRefrence& ref, Room&&... room)
+void Write(CWriteContext& context, const CTop& top, Room&&... room)
 {
     CJsonSink<STYLED> sink(context, std::forward<Room>(room)...);
-    sink.End(WriteTop(sink, context, sink.Begin(), ref));
+    sink.End(WriteTop(sink, context, sink.Begin(), top));
 }
 
 template<class... Room>
-void WriteStyled(CWriteContext& context, const CConstRefrence& ref, Room&&... room)
+void WriteStyled(CWriteContext& context, const CTop& top, Room&&... room)
 {
     const bool isStyled = context.Policy().Indentation != 0 || context.Policy().AsciiOnly;
     if (isStyled)
-        Write<true>(context, ref, std::forward<Room>(room)...);
+        Write<true>(context, top, std::forward<Room>(room)...);
     else
-        Write<false>(context, ref, std::forward<Room>(room)...);
+        Write<false>(context, top, std::forward<Room>(room)...);
 }
 
 } // namespace
@@ -42,11 +42,12 @@ void CompactText(std::string& out, const CForm& form, const void* holder)
 
 } // namespace interchange
 
-bool WriteJson(std::string& out, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report)
+bool WriteJson(std::string& out, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report,
+               const detail::CEnumerationSlot* names)
 {
     interchange::CWriteContext context(policy, report);
     try {
-        interchange::WriteStyled(context, ref, out);
+        interchange::WriteStyled(context, {ref, names}, out);
     } catch (...) {
         out.clear(); // half a text
         throw;
@@ -54,12 +55,13 @@ bool WriteJson(std::string& out, const CConstRefrence& ref, const CWritePolicy& 
     return !context.HasProblems();
 }
 
-bool WriteJson(const OutputFunction& out, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report)
+bool WriteJson(const OutputFunction& out, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report,
+               const detail::CEnumerationSlot* names)
 {
     interchange::CWriteContext context(policy, report);
     std::string memory;
     try {
-        interchange::WriteStyled(context, ref, memory, out);
+        interchange::WriteStyled(context, {ref, names}, memory, out);
     } catch (const interchange::COutputStopped&) {
         return false;
     }
