@@ -27,32 +27,39 @@
 /// class without members to describe takes VEXA_DESCRIBE_CLASS with empty braces; so does one with a member that is
 /// named by its base, `Base::member`.
 #define VEXA_DESCRIBE(Type, ...)                                                                                       \
-    VEXA_DESCRIBE_CLASS(Type)                                                                                          \
-    {                                                                                                                  \
-        VEXA_DETAIL_QUIET_OFFSETS                                                                                      \
-        about.Members<void VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_DECLARED, Type, __VA_ARGS__)>(                             \
-            [](auto* vexaObject, ::vexa::detail::CDescriptionBase& vexaAbout) __attribute__((always_inline))           \
-                ->decltype(::vexa::detail::FaultOf(vexaObject VEXA_DETAIL_FOR_EACH(                                    \
-                    VEXA_DETAIL_POINTER, std::remove_pointer_t<decltype(vexaObject)>, __VA_ARGS__))) {                 \
-                    using VexaType = std::remove_pointer_t<decltype(vexaObject)>;                                      \
-                    constexpr ::vexa::detail::CTypeSource VEXA_MEMBERS[] = {                                           \
-                        VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_RECORD, VexaType, __VA_ARGS__)};                              \
-                    ::vexa::detail::AddMembers(vexaAbout, VEXA_MEMBERS, sizeof VEXA_MEMBERS / sizeof VEXA_MEMBERS[0],  \
-                                               VEXA_DETAIL_TEXT(__VA_ARGS__));                                         \
-                    return {};                                                                                         \
-                });                                                                                                    \
-        VEXA_DETAIL_QUIET_END                                                                                          \
-    }
+    VEXA_DESCRIBE_CLASS(Type) { VEXA_MEMBERS(Type, __VA_ARGS__) }
+
+/// In a description in full, on its `about`: describes members of the class, in order, by their names, up to 1000.
+#define VEXA_MEMBERS(Type, ...)                                                                                        \
+    VEXA_DETAIL_QUIET_OFFSETS                                                                                          \
+    about.template Members<void VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_DECLARED, Type, __VA_ARGS__)>(                        \
+        [](auto* vexaObject, ::vexa::detail::CDescriptionBase& vexaAbout) __attribute__((always_inline))               \
+            ->decltype(::vexa::detail::FaultOf(vexaObject VEXA_DETAIL_FOR_EACH(                                        \
+                VEXA_DETAIL_POINTER, std::remove_pointer_t<decltype(vexaObject)>, __VA_ARGS__))) {                     \
+                using VexaType = std::remove_pointer_t<decltype(vexaObject)>;                                          \
+                constexpr ::vexa::detail::CTypeSource VEXA_SOURCES[] = {                                               \
+                    VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_RECORD, VexaType, __VA_ARGS__)};                                  \
+                ::vexa::detail::AddMembers(vexaAbout, VEXA_SOURCES, sizeof VEXA_SOURCES / sizeof VEXA_SOURCES[0],      \
+                                           VEXA_DETAIL_TEXT(__VA_ARGS__));                                             \
+                return {};                                                                                             \
+            });                                                                                                        \
+    VEXA_DETAIL_QUIET_END
 
 /// Describes a class in full: the braces that follow hold calls on `about`, a vexa::CDescription of the class.
 #define VEXA_DESCRIBE_CLASS(Type)                                                                                      \
     inline void VexaDescribe(::vexa::CDescription<Type>& about);                                                       \
     constexpr const char* VexaNameOf(const ::vexa::CDescription<Type>*) { return #Type; }                              \
-    namespace {                                                                                                        \
-    [[maybe_unused]] const ::vexa::detail::CDescribedAtStart<Type> VEXA_DETAIL_UNIQUE(vexaDescribedAtStart,            \
-                                                                                      __COUNTER__);                    \
-    }                                                                                                                  \
+    VEXA_DESCRIBED_AT_START(Type)                                                                                      \
     inline void VexaDescribe([[maybe_unused]] ::vexa::CDescription<Type>& about)
+
+/// Inside a class: describes a class of it that may be private, as VEXA_DESCRIBE and VEXA_DESCRIBE_CLASS do. The braces
+/// of the latter see private members of both.
+#define VEXA_DESCRIBE_NESTED(Type, ...)                                                                                \
+    VEXA_DESCRIBE_NESTED_CLASS(Type) { VEXA_MEMBERS(Type, __VA_ARGS__) }
+#define VEXA_DESCRIBE_NESTED_CLASS(Type)                                                                               \
+    static inline const ::vexa::detail::CDescribedAtStart<Type> VEXA_DETAIL_UNIQUE(vexaDescribedAtStart, __COUNTER__); \
+    friend constexpr const char* VexaNameOf(const ::vexa::CDescription<Type>*) { return #Type; }                       \
+    friend inline void VexaDescribe([[maybe_unused]] ::vexa::CDescription<Type>& about)
 
 /// Describes a type that wraps one value of a basic type, \p member, as a basic type of its own. The member, given as
 /// `&Type::member`, lies within the first 32,767 bytes.
@@ -60,6 +67,14 @@
     inline void VexaDescribeCustom(::vexa::detail::CCustomTag<Type>, ::vexa::CCustomBasicTypeInfor*& descriptor)       \
     {                                                                                                                  \
         ::vexa::detail::DescribeStd<Type, (member)>(descriptor, #Type, member);                                        \
+    }
+
+/// Lets the description of a class from outside (vexa::Describes) take effect when the file is initialised, so that
+/// vexa::FindClass and texts with tags know it before it is used. At namespace scope.
+#define VEXA_DESCRIBED_AT_START(Type)                                                                                  \
+    namespace {                                                                                                        \
+    [[maybe_unused]] const ::vexa::detail::CDescribedAtStart<Type> VEXA_DETAIL_UNIQUE(vexaDescribedAtStart,            \
+                                                                                      __COUNTER__);                    \
     }
 
 /// Describes a type that converts itself to and from a vexa::CValue as a basic type of its own, with a number of the
@@ -107,6 +122,29 @@
 #define VEXA_DETAIL_QUIET_END _Pragma("GCC diagnostic pop")
 
 namespace vexa {
+
+/// Describes a class from outside, without a word in its namespace. An application specialises it, before the first use
+/// of the class, and in part for all instances of a class template:
+///
+///     template<>
+///     struct vexa::Describes<third::Money> {
+///         static void Describe(vexa::CDescription<third::Money>& about) { VEXA_MEMBERS(third::Money, units, code) }
+///     };
+///     template<class T>
+///     struct vexa::Describes<third::Box<T>> {
+///         static constexpr const char* NAME = "Box";
+///         static void Describe(vexa::CDescription<third::Box<T>>& about)
+///         {
+///             about.Attrib("value", &third::Box<T>::value);
+///         }
+///     };
+///
+/// The registered name is NAME where there is one, to which an instance of a template adds its arguments: `Box<int>`;
+/// otherwise the class's name with its namespaces: `third::Money`, `third::Box<int>`. The description takes effect on
+/// the first use of the class, or at the start of the program where VEXA_DESCRIBED_AT_START names it.
+template<class T>
+struct Describes {
+};
 
 /// The descriptor of a described class; registers it on first use.
 template<class T>

@@ -13,7 +13,7 @@
 #include "record/leaf.h"
 #include "reference/custom_value.h"
 #include "text/one_line.h"
-#include "typeinfo/shape.h"
+#include "typeinfo/source_name.h"
 
 namespace vexa::detail {
 

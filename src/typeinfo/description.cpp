@@ -22,6 +22,7 @@
 #include "typeinfo/registration.h"
 #include "typeinfo/shape.h"
 #include "typeinfo/slot_group.h"
+#include "typeinfo/source_name.h"
 
 namespace vexa {
 namespace detail {
@@ -42,7 +43,7 @@ void Make(CClassSlot& slot)
     if (slot.Made != nullptr) return; // one of them needed it
     auto& made = FillWith(slot, std::make_unique<typeinfo::CFinishedClass>());
     made.Mark.Set(CFinishedMark::DRAFT);
-    made.SetBaseTypeInfor(slot.Name, slot.Size, slot.Factory, slot.Deleter, 0);
+    made.SetBaseTypeInfor(typeinfo::NameOf(slot), slot.Size, slot.Factory, slot.Deleter, 0);
     CDescriptionBase about(made);
     slot.Describe(about);
     made.CreateIndex();

@@ -2,7 +2,6 @@
 #define VEXA_TYPEINFO_SHAPE_H
 
 #include <memory>
-#include <string>
 
 #include <vexa/detail/shape.h>
 
@@ -13,10 +12,6 @@ namespace vexa::typeinfo {
 /// The custom descriptor of a type with a shape. Nothing of its parts is described for it: a class may hold itself
 /// through its parts.
 std::unique_ptr<CFinishedCustom> MakeShaped(const detail::CShapedType& type);
-
-/// What CGnlTypeInfor::TypeName will say of such a type, also before anything of it is described.
-std::string NameOf(const detail::CTypeSource& source);
-std::string NameOf(const detail::CShapedType& type);
 
 } // namespace vexa::typeinfo
 

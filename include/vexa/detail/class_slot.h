@@ -46,11 +46,27 @@ void DescribeTo(CDescription<T>& about)
     if constexpr (IS_PAIR<T>) {
         about.Attrib("first", &T::first);
         about.Attrib("second", &T::second);
+    } else if constexpr (IS_DESCRIBED_OUTSIDE<T>) {
+        Describes<T>::Describe(about);
     } else if constexpr (IS_DESCRIBED<T>) {
+        static_assert(!CIsDescribedOutside<T>::value,
+                      "this class is described twice, in its own namespace and by vexa::Describes: leave one out");
         VexaDescribe(about);
     }
 }
 
+template<class T>
+constexpr auto OutsideNameOf(int) -> decltype(static_cast<const char*>(Describes<T>::NAME))
+{
+    return Describes<T>::NAME;
+}
+template<class T>
+constexpr const char* OutsideNameOf(...)
+{
+    return nullptr;
+}
+
+/// Null for a class that is named as it is spelled.
 template<class T>
 constexpr const char* ClassNameOf()
 {
@@ -58,6 +74,8 @@ constexpr const char* ClassNameOf()
         return "std::pair";
     else if constexpr (!IS_DESCRIBED<T>)
         return "";
+    else if constexpr (IS_DESCRIBED_OUTSIDE<T>)
+        return OutsideNameOf<T>(0);
     else
         return VexaNameOf(static_cast<const CDescription<T>*>(nullptr));
 }
@@ -80,8 +98,8 @@ void Describe(CDescriptionBase& base)
 }
 
 template<class T>
-inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), Spelled<T>(),      sizeof(T),
-                             &MakeObject<T>,   &DestroyObject<T>, &Describe<T>};
+inline CClassSlot CLASS_SLOT{ClassNameOf<T>(), Spelled<T>(),           sizeof(T), &MakeObject<T>, &DestroyObject<T>,
+                             &Describe<T>,     IS_DESCRIBED_OUTSIDE<T>};
 
 template<class T>
 CClassSlot& ClassSlotOf()

@@ -58,14 +58,15 @@ VEXA_API CGnlTypeInfor MakeTypeInfor(const CTypeSource& source);
 /// Everything that the library must know of a class to describe it.
 struct CClassSlot : CSlot {
     constexpr CClassSlot(const char* name, const char* spelled, unsigned long size, void* (*factory)(),
-                         void (*deleter)(void*), void (*describe)(CDescriptionBase&)) noexcept
-        : CSlot(SlotForm::CLASS), Name(name), Spelled(spelled), Size(size), Factory(factory), Deleter(deleter),
-          Describe(describe)
+                         void (*deleter)(void*), void (*describe)(CDescriptionBase&), bool isOutside) noexcept
+        : CSlot(SlotForm::CLASS), IsOutside(isOutside), Name(name), Spelled(spelled), Size(size), Factory(factory),
+          Deleter(deleter), Describe(describe)
     {
     }
 
-    const char* Name;
-    const char* Spelled; ///< a text in which the compiler spells the class with its namespaces; null for none
+    const bool IsOutside; ///< described from outside: the arguments of a template's instance follow the name
+    const char* Name;     ///< null for the spelled one
+    const char* Spelled;  ///< a text in which the compiler spells the class with its namespaces; null for none
     unsigned long Size;
     void* (*Factory)();
     void (*Deleter)(void*);

@@ -14,6 +14,8 @@ namespace vexa {
 
 template<class T>
 class CDescription;
+template<class T>
+struct Describes;
 
 namespace detail {
 
@@ -84,13 +86,25 @@ struct CHoldsRawPointers<T, std::enable_if_t<IS_STD_CONTAINER<T>>> : CHoldsRawPo
 template<class T>
 inline constexpr bool HOLDS_RAW_POINTERS = CHoldsRawPointers<T>::value;
 
-/// Whether a description of T can be found, in the namespace of T.
+/// Whether T is described from outside.
+template<class T, class = void>
+struct CIsDescribedOutside : std::false_type {
+};
+template<class T>
+struct CIsDescribedOutside<T, std::void_t<decltype(Describes<T>::Describe(std::declval<CDescription<T>&>()))>>
+    : std::true_type {
+};
+
+/// Whether a description of T can be found: in the namespace of T, or else from outside.
 template<class T>
 auto FindsDescription(int) -> decltype(VexaDescribe(std::declval<CDescription<T>&>()), std::true_type{});
 template<class T>
-std::false_type FindsDescription(...);
+CIsDescribedOutside<T> FindsDescription(...);
 template<class T>
 inline constexpr bool IS_DESCRIBED = decltype(FindsDescription<T>(0))::value;
+template<class T>
+inline constexpr bool IS_DESCRIBED_OUTSIDE =
+    std::is_same_v<decltype(FindsDescription<T>(0)), CIsDescribedOutside<T>>&& IS_DESCRIBED<T>;
 
 /// The same for a custom basic type.
 template<class T>
