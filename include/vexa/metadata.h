@@ -29,8 +29,6 @@ enum class UnknownKeys : unsigned char {
     KEEP ///< it is kept in the attribute that KeepsUnknown() marks; a problem in a class without one
 };
 
-namespace detail {
-
 /// One end of a range, as it is given: integers keep every digit.
 struct CBound {
     bool IsInteger = true;
@@ -50,7 +48,6 @@ struct CBound {
     }
 };
 
-} // namespace detail
 } // namespace vexa
 
 #endif

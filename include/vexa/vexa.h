@@ -6,6 +6,7 @@
 
 #include <vexa/binary.h>
 #include <vexa/class_infor.h>
+#include <vexa/class_metadata.h>
 #include <vexa/class_refrence.h>
 #include <vexa/container_infor.h>
 #include <vexa/container_refrence.h>

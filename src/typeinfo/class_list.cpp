@@ -47,6 +47,7 @@ Classes::iterator Erase(Classes::iterator listed) noexcept
 
 void List(const CClassInfor& infor, const void* place)
 {
+    if (QualifiedNameOf(infor).empty()) return;
     const helper::CLockGuard lock;
     if (s_classes == nullptr) s_classes = new Classes();
     s_classes->emplace(QualifiedNameOf(infor), CListed{&infor, place});
@@ -72,7 +73,7 @@ std::vector<const CClassInfor*> ListedDerivedOf(const CClassInfor& base)
         const CClassNotes* const notes = NotesOf(*listed.Infor);
         if (notes == nullptr) continue;
         const bool isDerived = std::any_of(notes->Ancestors.begin(), notes->Ancestors.end(),
-                                           [&](const CAncestor& ancestor) { return ancestor.Infor == &base; });
+                                           [&](const CAncestor& ancestor) { return IsSameClass(ancestor, base); });
         if (isDerived) derived.push_back(listed.Infor);
     }
     return derived;

@@ -9,7 +9,8 @@
 
 #include "typeinfo/class_list.h"
 
-namespace vexa::typeinfo {
+namespace vexa {
+namespace typeinfo {
 namespace {
 
 bool IsAddressLess(const std::type_info* left, const std::type_info* right) noexcept
@@ -28,7 +29,7 @@ CDerivedTable::CDerivedTable(const CClassInfor& base, const CClassNotes& notes, 
         for (const CClassInfor* const derived : ListedDerivedOf(base)) {
             const CClassNotes& ofDerived = *NotesOf(*derived);
             for (const CAncestor& ancestor : ofDerived.Ancestors)
-                if (ancestor.Infor == &base && ofDerived.Type != nullptr) Add(*derived, ofDerived, ancestor.Offset);
+                if (ofDerived.Type != nullptr && IsSameClass(ancestor, base)) Add(*derived, ofDerived, ancestor.Offset);
         }
     }
     Sort(base);
@@ -37,7 +38,7 @@ CDerivedTable::CDerivedTable(const CClassInfor& base, const CClassNotes& notes, 
 void CDerivedTable::Add(const CClassInfor& infor, const CClassNotes& notes, unsigned long offset)
 {
     if (notes.Type != nullptr) m_byAddress.push_back({notes.Type, &infor});
-    if (!notes.IsAbstract) m_byValue.push_back({notes.TagValue, {&infor, offset}});
+    if (!notes.IsAbstract) m_byValue.push_back({notes.TagValue, notes.Type, {&infor, offset}});
 }
 
 void CDerivedTable::Sort(const CClassInfor& base)
@@ -51,7 +52,7 @@ void CDerivedTable::Sort(const CClassInfor& base)
                      [](const CTagged& left, const CTagged& right) { return left.Value < right.Value; });
     const auto isSame = [&base](const CTagged& left, const CTagged& right) {
         if (left.Value != right.Value) return false;
-        if (left.Class.Infor == right.Class.Infor) return true;
+        if (left.Type != nullptr && right.Type != nullptr && *left.Type == *right.Type) return true;
         helper::LogError("The tag value %s of %s means two classes, %s and %s: it stays with the first",
                          std::string(left.Value).c_str(), QualifiedNameOf(base).c_str(),
                          QualifiedNameOf(*left.Class.Infor).c_str(), QualifiedNameOf(*right.Class.Infor).c_str());
@@ -112,17 +113,25 @@ const CClassNotes* TaggedNotesOf(const CClassInfor& infor) noexcept
 
 } // namespace
 
+const std::string& TagValueOf(const CClassInfor& infor)
+{
+    const CClassNotes* const notes = NotesOf(infor);
+    return notes != nullptr && !notes->TagValue.empty() ? notes->TagValue : QualifiedNameOf(infor);
+}
+
+} // namespace typeinfo
+
 const CClassInfor& DynamicClassOf(const CClassInfor& base, const void* object, const void*& whole)
 {
     whole = object;
-    const CClassNotes* const notes = TaggedNotesOf(base);
+    const typeinfo::CClassNotes* const notes = typeinfo::TaggedNotesOf(base);
     if (notes == nullptr || notes->DynamicType == nullptr) return base;
     const void* start = nullptr;
     const std::type_info* const type =
         notes->DynamicType(static_cast<const char*>(object) + notes->DynamicOffset, start);
     // Of a class that is compiled without run-time type information there is none.
     if (type == notes->Type || type == nullptr) return base;
-    const CClassInfor* const found = TableOf(base, *notes).FindByType(*type);
+    const CClassInfor* const found = typeinfo::TableOf(base, *notes).FindByType(*type);
     if (found == nullptr) return base;
     whole = start;
     return *found;
@@ -130,20 +139,14 @@ const CClassInfor& DynamicClassOf(const CClassInfor& base, const void* object, c
 
 CDerivedClass FindByTagValue(const CClassInfor& base, std::string_view value)
 {
-    const CClassNotes* const notes = TaggedNotesOf(base);
-    return notes != nullptr ? TableOf(base, *notes).FindByTagValue(value) : CDerivedClass{};
+    const typeinfo::CClassNotes* const notes = typeinfo::TaggedNotesOf(base);
+    return notes != nullptr ? typeinfo::TableOf(base, *notes).FindByTagValue(value) : CDerivedClass{};
 }
 
 std::vector<std::string> TagValuesOf(const CClassInfor& base)
 {
-    const CClassNotes* const notes = TaggedNotesOf(base);
-    return notes != nullptr ? TableOf(base, *notes).TagValues() : std::vector<std::string>();
+    const typeinfo::CClassNotes* const notes = typeinfo::TaggedNotesOf(base);
+    return notes != nullptr ? typeinfo::TableOf(base, *notes).TagValues() : std::vector<std::string>();
 }
 
-const std::string& TagValueOf(const CClassInfor& infor)
-{
-    const CClassNotes* const notes = NotesOf(infor);
-    return notes != nullptr && !notes->TagValue.empty() ? notes->TagValue : QualifiedNameOf(infor);
-}
-
-} // namespace vexa::typeinfo
+} // namespace vexa

@@ -32,7 +32,8 @@ private:
         const CClassInfor* Infor;
     };
     struct CTagged {
-        std::string_view Value; ///< the notes' own
+        std::string_view Value;     ///< the notes' own
+        const std::type_info* Type; ///< null of a class that is not polymorphic
         CDerivedClass Class;
     };
     void Add(const CClassInfor& infor, const CClassNotes& notes, unsigned long offset);

@@ -41,7 +41,7 @@ CAttribDescription& CAttribDescription::Required()
     return *this;
 }
 
-CAttribDescription& CAttribDescription::Range(detail::CBound least, detail::CBound most)
+CAttribDescription& CAttribDescription::Range(CBound least, CBound most)
 {
     if (auto* const notes = Notes()) {
         notes->Least = least;

@@ -1,21 +1,15 @@
 #include "typeinfo/notes.h"
 
 #include <algorithm>
-#include <memory>
+#include <iterator>
+#include <new>
 #include <unordered_set>
 
 #include "typeinfo/derived_classes.h"
 #include "typeinfo/key_style.h"
 
-namespace vexa::typeinfo {
-
-bool CMemberNotes::IsEmpty() const
-{
-    const bool hasFlag = IsRequired || IsFlattened || IsReadOnly || IsWriteOnly || IsOmittedIfDefault || KeepsUnknown;
-    const bool hasBound = Least || Most || ShortestLength || LongestLength;
-    const bool hasText = !Key.empty() || !Aliases.empty() || !Doc.empty() || !Unit.empty();
-    return !hasFlag && !hasBound && !hasText && Enumeration == nullptr;
-}
+namespace vexa {
+namespace typeinfo {
 
 CClassNotes::~CClassNotes() { delete Derived.load(std::memory_order_relaxed); }
 
@@ -25,6 +19,13 @@ const CMemberNotes* NotesOf(const CClassInfor& owner, const CAttribInfor& record
     if (notes == nullptr) return nullptr;
     const auto found = notes->Members.find(&record);
     return found != notes->Members.end() ? &found->second : nullptr;
+}
+
+bool IsSameClass(const CAncestor& ancestor, const CClassInfor& infor) noexcept
+{
+    if (ancestor.Infor == &infor) return true;
+    const CClassNotes* const notes = NotesOf(infor);
+    return ancestor.Type != nullptr && notes != nullptr && notes->Type != nullptr && *ancestor.Type == *notes->Type;
 }
 
 std::string KeyOf(const CClassInfor& owner, const CAttribInfor& record)
@@ -72,9 +73,9 @@ void InheritClassNotes(CClassNotes& notes, const CClassInfor& base, const CClass
         notes.DynamicType = ofBase.DynamicType;
         notes.DynamicOffset = ofBase.DynamicOffset + offset;
     }
-    notes.Ancestors.push_back({&base, offset});
+    notes.Ancestors.push_back({&base, ofBase.Type, offset});
     for (const CAncestor& ancestor : ofBase.Ancestors)
-        notes.Ancestors.push_back({ancestor.Infor, ancestor.Offset + offset});
+        notes.Ancestors.push_back({ancestor.Infor, ancestor.Type, ancestor.Offset + offset});
 }
 
 } // namespace
@@ -138,4 +139,28 @@ void SettleNotes(CFinishedClass& infor)
     if (!notes.Tag.empty() && notes.TagValue.empty()) notes.TagValue = QualifiedNameOf(infor);
 }
 
-} // namespace vexa::typeinfo
+} // namespace typeinfo
+
+const CClassMetadata& MetadataOf(const CClassInfor& infor)
+{
+    alignas(CClassMetadata) static char s_room[sizeof(CClassMetadata)];
+    static const CClassMetadata& s_none = *new (s_room) CClassMetadata(); // never destroyed
+    const typeinfo::CClassNotes* const notes = typeinfo::NotesOf(infor);
+    return notes != nullptr ? *notes : s_none;
+}
+
+const CAttribMetadata& MetadataOf(const CClassInfor& owner, const CAttribInfor& attrib)
+{
+    alignas(CAttribMetadata) static char s_room[sizeof(CAttribMetadata)];
+    static const CAttribMetadata& s_none = *new (s_room) CAttribMetadata(); // never destroyed either
+    const typeinfo::CMemberNotes* const notes = typeinfo::NotesOf(owner, attrib);
+    return notes != nullptr ? *notes : s_none;
+}
+
+std::string CheckObject(const CClassInfor& infor, const void* object)
+{
+    const typeinfo::CClassNotes* const notes = typeinfo::NotesOf(infor);
+    return notes != nullptr ? typeinfo::FirstComplaint(*notes, object) : std::string();
+}
+
+} // namespace vexa

@@ -9,6 +9,7 @@
 #include <typeinfo>
 #include <vector>
 
+#include <vexa/class_metadata.h>
 #include <vexa/detail/description.h>
 #include <vexa/detail/enumeration.h>
 #include <vexa/detail/shape.h>
@@ -24,25 +25,16 @@
 
 namespace vexa::typeinfo {
 
-using detail::CBound;
+using vexa::CBound;
+using vexa::CDerivedClass;
+using vexa::DynamicClassOf;
+using vexa::FindByTagValue;
+using vexa::QualifiedNameOf;
+using vexa::TagValuesOf;
 
 /// Of one attribute record.
-struct CMemberNotes {
-    std::string Key;                  ///< empty: its name. What a style makes of a name stands here
-    std::vector<std::string> Aliases; ///< further keys that are read
-    bool IsRequired = false;
-    bool IsFlattened = false; ///< its attributes stand among those of the class
-    bool IsReadOnly = false;  ///< is written, not read: a key for it is a problem
-    bool IsWriteOnly = false; ///< is read, not written
-    bool IsOmittedIfDefault = false;
-    bool KeepsUnknown = false; ///< a map of CRawJson that takes the keys that no attribute has
-    std::optional<CBound> Least, Most;
-    std::optional<unsigned long> ShortestLength, LongestLength; ///< bytes of text, or elements
-    std::string Doc;
-    std::string Unit;
+struct CMemberNotes : CAttribMetadata {
     const detail::CEnumerationSlot* Enumeration = nullptr; ///< names of its values
-
-    bool IsEmpty() const;
 };
 
 /// One function that looks at objects that have been read.
@@ -56,26 +48,26 @@ struct CCheck {
 /// A class with a tag that a class is derived from, at any depth.
 struct CAncestor {
     const CClassInfor* Infor;
-    unsigned long Offset; ///< from the object to the sub-object
+    const std::type_info* Type; ///< null of one that is not polymorphic
+    unsigned long Offset;       ///< from the object to the sub-object
 };
+
+/// Whether it is this class. A program and what it loads may each have a descriptor of one class.
+bool IsSameClass(const CAncestor& ancestor, const CClassInfor& infor) noexcept;
 
 class CDerivedTable;
 
 /// Of a class.
-struct CClassNotes {
-    CClassNotes() = default;
+struct CClassNotes : CClassMetadata {
+    CClassNotes() { Unknown = UnknownKeys::BY_CLASS; }
     CClassNotes(const CClassNotes&) = delete;
     CClassNotes& operator=(const CClassNotes&) = delete;
     ~CClassNotes();
 
-    KeyStyle Style = KeyStyle::AS_IT_IS;         ///< of its own attributes; inherited ones keep their keys
-    UnknownKeys Unknown = UnknownKeys::BY_CLASS; ///< never so in a finished class
-    bool IsUnknownSaid = false;                  ///< whether the description says it
-    std::vector<CCheck> Checks;                  ///< those of bases too; see FirstComplaint
-    std::string Tag;                             ///< the key that tells what class an object is; also of derived ones
-    std::string TagValue;                        ///< what it says of this one; never empty where there is a tag
-    bool IsAbstract = false;                     ///< no object is of just this class
-    const std::type_info* Type = nullptr;        ///< of polymorphic classes with a tag
+    bool IsUnknownSaid = false;           ///< whether the description says what Unknown is
+    std::vector<CCheck> Checks;           ///< those of bases too; see FirstComplaint
+    bool IsAbstract = false;              ///< no object is of just this class
+    const std::type_info* Type = nullptr; ///< of polymorphic classes with a tag
     /// What the object at an address is, and where it begins; of polymorphic classes with a tag.
     detail::DynamicTypeFunction DynamicType = nullptr;
     unsigned long DynamicOffset = 0;  ///< from the object to the sub-object whose address DynamicType takes
@@ -118,22 +110,6 @@ inline const detail::CEnumerationSlot* EnumerationOf(const detail::CTypeSource& 
 const detail::CEnumerationSlot* EnumerationOfElements(const CContainerInfor& infor) noexcept;
 /// The shape of a custom type; null for one that only converts itself.
 const detail::CShape* ShapeOf(const CCustomBasicTypeInfor& infor) noexcept;
-using vexa::QualifiedNameOf;
-
-// Classes that stand for others.
-
-/// One class that can stand where a base of it is expected.
-struct CDerivedClass {
-    const CClassInfor* Infor = nullptr;
-    unsigned long Offset = 0; ///< from the object to its sub-object of the base
-};
-/// The described class of an object that a pointer to \p base designates, and where the object begins: \p base itself
-/// and \p object where the class has no tag or what the object is has no description.
-const CClassInfor& DynamicClassOf(const CClassInfor& base, const void* object, const void*& whole);
-/// The class with that tag value among \p base and those derived from it; Infor is null where there is none.
-CDerivedClass FindByTagValue(const CClassInfor& base, std::string_view value);
-/// The tag values of all of them, sorted.
-std::vector<std::string> TagValuesOf(const CClassInfor& base);
 /// What a class writes for its tag.
 const std::string& TagValueOf(const CClassInfor& infor);
 

@@ -51,7 +51,7 @@ BEGIN {
     for (i in rooms) room_floor[rooms[i]] = i + 0
     top = 7
     floors(1, "export detail/module data_type helper value_state binary date_time numeric detail/basic_code")
-    floors(2, "metadata find_class type_infor custom_type_infor container_infor class_infor detail/slot detail/vector detail/cursor_memory detail/description detail/enumeration detail/shape")
+    floors(2, "metadata class_metadata find_class type_infor custom_type_infor container_infor class_infor detail/slot detail/vector detail/cursor_memory detail/description detail/enumeration detail/shape")
     floors(3, "refrence class_refrence container_refrence group")
     floors(4, "text json")
     floors(5, "value table")

@@ -42,7 +42,7 @@ public:
     /// An object without it is a problem. So is one with null, unless the attribute can be null.
     CAttribDescription& Required();
     /// Numbers that are read lie between these two, or are one of them.
-    CAttribDescription& Range(detail::CBound least, detail::CBound most);
+    CAttribDescription& Range(CBound least, CBound most);
     /// A text that is read has so many bytes, a container so many elements.
     CAttribDescription& Length(unsigned long shortest, unsigned long longest);
     /// What people should know of it.
