@@ -79,7 +79,7 @@ char* CJsonSink<STYLED>::Special(char* at, const char*& next, const char* end, b
         return Character(at, character, length);
     }
     isBad = true;
-    char standIn[MAX_CHARACTER_LENGTH];
+    char standIn[MAX_CHARACTER_LENGTH] = {};
     const char* const last = Encode(standIn, CharacterOfBadByte(*next++, m_context.Policy().Text));
     return Character(at, standIn, static_cast<std::size_t>(last - standIn));
 }
