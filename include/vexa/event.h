@@ -2,10 +2,12 @@
 #define VEXA_EVENT_H
 
 #include <cstddef>
+#include <memory>
 #include <string_view>
 
 #include <vexa/date_time.h>
 #include <vexa/export.h>
+#include <vexa/policy.h>
 #include <vexa/report.h>
 
 /// \file
@@ -102,6 +104,12 @@ public:
     /// A JSON value as it stands (CRawJson). By default it is parsed and comes as its events.
     virtual void RawJson(std::string_view json);
 };
+
+/// JSON as events: for a sink of another format, or a reader of one's own. A whole text must stay as long as the source;
+/// one in pieces takes memory for one of them and one token, and an exception of \p input is a problem, but
+/// std::bad_alloc, which goes through. Throws std::bad_alloc.
+VEXA_API std::unique_ptr<CEventSource> JsonEvents(std::string_view text, const CReadPolicy& policy = {});
+VEXA_API std::unique_ptr<CEventSource> JsonEvents(InputFunction input, const CReadPolicy& policy = {});
 
 } // namespace vexa
 

@@ -69,6 +69,9 @@ inline const char* ScanNumber(const char* first, const char* end, CNumber& numbe
     return next;
 }
 
+/// The double nearest to a number of the grammar; an infinity for one beyond the largest.
+double NearestDouble(std::string_view digits) noexcept;
+
 } // namespace vexa::interchange
 
 #endif

@@ -86,26 +86,6 @@ public:
         }
         return FailAtToken(ProblemCode::SYNTAX, m_isFirst ? "a key or '}'" : "',' or '}'");
     }
-    /// Steps onto the next key and gives true if it is written just like \p written, which is `"key":`. Otherwise
-    /// nothing has happened, and NextKey() is to be asked.
-    bool NextKeyIs(std::string_view written)
-    {
-        static_assert(Input::IS_WHOLE, "the key might be cut");
-        const char* next = m_window.Next;
-        if (!m_isFirst) {
-            if (next == m_window.End || *next != ',') return false;
-            ++next;
-        }
-        if (next != m_window.End && text::IsBlank(*next)) next = FindByte<CNonBlank>(next, m_window.End);
-        if (static_cast<std::size_t>(m_window.End - next) < written.size()) return false;
-        if (!IsSame(next, written.data(), written.size())) return false;
-        m_window.Token = next;
-        m_window.Next = next + written.size();
-        m_tokenEnd = m_window.Next - 1;
-        m_isFirst = false;
-        return true;
-    }
-
     bool Skip();
     bool AtEnd();
 
@@ -127,12 +107,21 @@ public:
     static std::size_t SizeHint() noexcept { return 0; }
 
 protected:
+    std::size_t Depth() const noexcept { return m_depth; }
+
     CJsonWindow m_window;
     const CReadPolicy m_policy;
     Input m_input;
+    const char* m_tokenEnd = nullptr; ///< of the last one; stale where the text is in pieces
+    bool m_isFirst = false;           ///< nothing of the innermost array or object has been met
 
 private:
-    bool More() { return !HasFailed() && m_input.More(m_window); }
+    bool More()
+    {
+        if constexpr (Input::IS_WHOLE) return false;
+        return !HasFailed() && MoreInput();
+    }
+    bool MoreInput();
     /// Sees to it that so many bytes are left, if the text has them.
     bool Ensure(std::size_t count)
     {
@@ -246,17 +235,16 @@ private:
     EventKind PeekOther();
     bool SkipSingle(EventKind kind);
 
+    bool Stop() noexcept;
     bool FailAtToken(ProblemCode code, const char* expected);
     bool FailAt(ProblemCode code, std::size_t length, const char* expected);
     bool FailOpenString(const char* expected);
     bool FailLongString();
     bool FailToEnter();
 
-    const char* m_tokenEnd = nullptr;
     std::size_t m_tokenOffset = 0;
     std::size_t m_tokenEndOffset = 0;
     std::size_t m_depth = 0;
-    bool m_isFirst = false; ///< nothing of the innermost array or object has been met
     std::string m_scratch;
 };
 

@@ -1,7 +1,9 @@
 #ifndef VEXA_INTERCHANGE_JSON_SCANNER_REST_H
 #define VEXA_INTERCHANGE_JSON_SCANNER_REST_H
 
+#include <exception>
 #include <limits>
+#include <new>
 
 #include "interchange/json_scanner.h"
 #include "interchange/utf8.h"
@@ -11,7 +13,28 @@
 
 namespace vexa::interchange {
 
+std::string AtMost(std::size_t limit, const char* unit);
+
 inline constexpr std::size_t MAX_WORD_LENGTH = 64; ///< that a problem tells of
+
+// More text
+
+template<class Input>
+bool CJsonScanner<Input>::MoreInput()
+{
+    if constexpr (!Input::IS_WHOLE) {
+        const std::size_t end = m_window.OffsetOf(m_window.End);
+        try {
+            if (m_input.More(m_window)) return true;
+            if (m_input.IsTooLong()) Keep(ProblemCode::TOO_LONG, {end, 0}, AtMost(m_policy.MaxBytes, " bytes"), {});
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const std::exception& failure) {
+            Keep(ProblemCode::INPUT_FAILED, {end, 0}, {}, failure.what());
+        }
+    }
+    return false;
+}
 
 // Between tokens
 
@@ -88,7 +111,7 @@ bool CJsonScanner<Input>::AtEnd()
 {
     if (HasFailed()) return false;
     if (!SkipBlanks()) return !HasFailed();
-    return FailAtToken(ProblemCode::TEXT_AFTER_VALUE, "the end of the text");
+    return FailAtToken(ProblemCode::TEXT_AFTER_VALUE, "");
 }
 
 // Which value
@@ -109,7 +132,7 @@ EventKind CJsonScanner<Input>::PeekOther()
     const bool isNamed = word == "NaN" || word == "Infinity";
     if (isNamed && m_policy.AllowNan) return EventKind::SIGNED;
     const bool isNumber = isNamed || *m_window.Next == '+' || *m_window.Next == '.';
-    FailAtToken(isNumber ? ProblemCode::BAD_NUMBER : ProblemCode::SYNTAX, isNumber ? "a number" : "a value");
+    FailAtToken(isNumber ? ProblemCode::BAD_NUMBER : ProblemCode::SYNTAX, isNumber ? "" : "a value");
     return EventKind::END;
 }
 
@@ -149,7 +172,7 @@ bool CJsonScanner<Input>::NumberRest(CNumber& number)
         EndToken(end);
         return true;
     }
-    return NamedNumber(number) || FailAtToken(ProblemCode::BAD_NUMBER, "a number");
+    return NamedNumber(number) || FailAtToken(ProblemCode::BAD_NUMBER, "");
 }
 
 template<class Input>
@@ -209,7 +232,7 @@ bool CJsonScanner<Input>::ScanString(const char* stop, CScannedString& scanned)
         } else if (static_cast<unsigned char>(byte) >= 0x80) {
             if (!ScanLongCharacters(scanned)) return false;
         } else {
-            return FailAt(ProblemCode::CONTROL_CHARACTER, 1, "an escape");
+            return FailAt(ProblemCode::CONTROL_CHARACTER, 1, "");
         }
     }
 }
@@ -221,7 +244,7 @@ bool CJsonScanner<Input>::ScanLongCharacters(CScannedString& scanned)
         Ensure(MAX_CHARACTER_LENGTH);
         std::size_t length = LongCharacterLength(m_window.Next, m_window.End);
         if (length == 0) {
-            if (m_policy.Text == BadText::PROBLEM) return FailAt(ProblemCode::BAD_UTF8, 1, "a character of UTF-8");
+            if (m_policy.Text == BadText::PROBLEM) return FailAt(ProblemCode::BAD_UTF8, 1, "");
             scanned.IsPlain = false;
             scanned.Growth += EncodedLength(CharacterOfBadByte(*m_window.Next, m_policy.Text)) - 1;
             length = 1;
@@ -272,10 +295,10 @@ bool CJsonScanner<Input>::ScanUnicodeEscape(CScannedString& scanned)
         m_window.Next += LENGTH;
         return true;
     }
-    if (IsLowSurrogate(unit)) return FailAt(ProblemCode::LONE_SURROGATE, LENGTH, "a pair of surrogates");
+    if (IsLowSurrogate(unit)) return FailAt(ProblemCode::LONE_SURROGATE, LENGTH, "");
     const char* const second = Ensure(2 * LENGTH) ? m_window.Next + LENGTH : nullptr;
     if (second == nullptr || second[0] != '\\' || second[1] != 'u' || !IsLowSurrogate(CodeUnit(second + 2)))
-        return FailAt(ProblemCode::LONE_SURROGATE, LENGTH, "a pair of surrogates");
+        return FailAt(ProblemCode::LONE_SURROGATE, LENGTH, "");
     scanned.Growth += 4 - 2 * LENGTH;
     m_window.Next += 2 * LENGTH;
     return true;
@@ -336,11 +359,19 @@ bool CJsonScanner<Input>::SkipSingle(EventKind kind)
 
 // Problems
 
+/// Sees to it that nothing more is found.
+template<class Input>
+bool CJsonScanner<Input>::Stop() noexcept
+{
+    m_window.End = m_window.Next;
+    return false;
+}
+
 /// A problem of the token that starts here, which may be the end of the text.
 template<class Input>
 bool CJsonScanner<Input>::FailAtToken(ProblemCode code, const char* expected)
 {
-    if (HasFailed()) return false;
+    if (HasFailed()) return Stop();
     if constexpr (!Input::IS_WHOLE) m_window.Token = m_window.Next;
     if (!Ensure(1)) return FailAt(ProblemCode::UNEXPECTED_END, 0, expected);
     std::size_t length = WordLength(MAX_WORD_LENGTH);
@@ -355,13 +386,14 @@ template<class Input>
 bool CJsonScanner<Input>::FailAt(ProblemCode code, std::size_t length, const char* expected)
 {
     const std::size_t offset = m_window.OffsetOf(m_window.Next);
-    return Fail(m_window, code, {offset, length}, expected, DescribeToken(std::string_view(m_window.Next, length)));
+    if (!HasFailed()) Keep(code, {offset, length}, expected, DescribeToken(std::string_view(m_window.Next, length)));
+    return Stop();
 }
 
 template<class Input>
 bool CJsonScanner<Input>::FailOpenString(const char* expected)
 {
-    if (HasFailed()) return false;
+    if (HasFailed()) return Stop();
     const std::size_t quote = m_window.OffsetOf(m_window.Token);
     m_window.Next = m_window.End;
     FailAt(ProblemCode::UNEXPECTED_END, 0, expected);
@@ -373,16 +405,16 @@ bool CJsonScanner<Input>::FailOpenString(const char* expected)
 template<class Input>
 bool CJsonScanner<Input>::FailLongString()
 {
-    return Fail(m_window, ProblemCode::TOO_LONG, {m_window.OffsetOf(m_window.Token), 1},
-                "at most " + std::to_string(m_policy.MaxTextLength) + " bytes", "a longer string");
+    Keep(ProblemCode::TOO_LONG, {m_window.OffsetOf(m_window.Token), 1}, AtMost(m_policy.MaxTextLength, " bytes"), {});
+    return Stop();
 }
 
 template<class Input>
 bool CJsonScanner<Input>::FailToEnter()
 {
     if (m_window.Next == m_window.End) return FailAtToken(ProblemCode::SYNTAX, "a value");
-    return Fail(m_window, ProblemCode::TOO_DEEP, {m_window.OffsetOf(m_window.Next), 1},
-                "at most " + std::to_string(m_policy.MaxDepth) + " levels", "a deeper one");
+    Keep(ProblemCode::TOO_DEEP, {m_window.OffsetOf(m_window.Next), 1}, AtMost(m_policy.MaxDepth, " levels"), {});
+    return Stop();
 }
 
 } // namespace vexa::interchange

@@ -6,15 +6,12 @@ namespace vexa::interchange {
 
 template class CJsonScanner<CWholeText>;
 
-void CJsonSource::Locate(CTextPlace& place) const
-{
-    if (place.Offset <= m_text.size()) LocateIn(place, m_text);
-}
+std::string AtMost(std::size_t limit, const char* unit) { return "at most " + std::to_string(limit) + unit; }
 
 void CJsonSource::FailTooLong()
 {
-    Fail(m_window, ProblemCode::TOO_LONG, {m_policy.MaxBytes, m_text.size() - m_policy.MaxBytes},
-         "at most " + std::to_string(m_policy.MaxBytes) + " bytes", std::to_string(m_text.size()));
+    Keep(ProblemCode::TOO_LONG, {m_policy.MaxBytes, 0}, AtMost(m_policy.MaxBytes, " bytes"), {});
+    m_window.End = m_window.Next;
 }
 
 } // namespace vexa::interchange

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "interchange/json_scanner.h"
+#include "interchange/place.h"
 
 namespace vexa::interchange {
 
@@ -13,20 +14,41 @@ extern template class CJsonScanner<CWholeText>;
 /// order mark is refused (RFC 8259 forbids to write one).
 class CJsonSource : public CJsonScanner<CWholeText> {
 public:
-    explicit CJsonSource(std::string_view text, const CReadPolicy& policy = {}) : CJsonScanner(policy), m_text(text)
+    explicit CJsonSource(std::string_view text, const CReadPolicy& policy = {})
+        : CJsonScanner(policy), m_text(text), m_lines(text)
     {
         m_window.Begin = m_window.Next = m_window.Token = text.data();
         m_window.End = text.data() + text.size();
         if (__builtin_expect(text.size() > policy.MaxBytes, 0)) FailTooLong();
     }
 
+    /// Steps onto the next key and gives true if it is written just like \p written, which is `"key":`. Otherwise
+    /// nothing has happened, and NextKey() is to be asked.
+    bool NextKeyIs(std::string_view written)
+    {
+        const char* next = m_window.Next;
+        if (!m_isFirst) {
+            if (next == m_window.End || *next != ',') return false;
+            ++next;
+        }
+        if (next != m_window.End && text::IsBlank(*next)) next = FindByte<CNonBlank>(next, m_window.End);
+        if (static_cast<std::size_t>(m_window.End - next) < written.size()) return false;
+        if (!IsSame(next, written.data(), written.size())) return false;
+        m_window.Token = next;
+        m_window.Next = next + written.size();
+        m_tokenEnd = m_window.Next - 1;
+        m_isFirst = false;
+        return true;
+    }
+
     std::string_view Text() const noexcept { return m_text; }
-    void Locate(CTextPlace& place) const;
+    void Locate(CTextPlace& place) { m_lines.Fill(place); }
 
 private:
     void FailTooLong();
 
     std::string_view m_text;
+    CLineFinder m_lines;
 };
 
 } // namespace vexa::interchange

@@ -1,7 +1,6 @@
 #include "interchange/json_window.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "interchange/utf8.h"
@@ -27,23 +26,9 @@ std::size_t FindHidden(std::string_view token)
 
 } // namespace
 
-void LocateIn(CTextPlace& place, std::string_view text, std::size_t offset, std::size_t line, std::size_t lineStart)
-{
-    const std::size_t length = std::min(text.size(), place.Offset - offset);
-    const char* const end = text.data() + length;
-    for (const char* next = text.data(); next != end; ++next) {
-        next = static_cast<const char*>(std::memchr(next, '\n', static_cast<std::size_t>(end - next)));
-        if (next == nullptr) break;
-        ++line;
-        lineStart = offset + static_cast<std::size_t>(next - text.data()) + 1;
-    }
-    place.Line = line;
-    place.Column = place.Offset - lineStart + 1;
-}
-
 std::string DescribeToken(std::string_view token)
 {
-    if (token.empty()) return "the end of the text";
+    if (token.empty()) return {};
     if (token == BYTE_ORDER_MARK) return "a byte order mark";
     if (token[0] == '"') return "a string";
     std::size_t length = std::min(token.size(), MAX_SHOWN);
@@ -55,16 +40,15 @@ std::string DescribeToken(std::string_view token)
     return '\'' + std::string(shown) + (length < token.size() ? "...'" : "'");
 }
 
-bool CJsonFailure::Fail(CJsonWindow& window, ProblemCode code, CTextPlace place, std::string expected,
-                        std::string found)
+bool CJsonFailure::Keep(ProblemCode code, CTextPlace place, std::string expected, std::string found)
 {
-    window.End = window.Next;
     if (HasFailed()) return false;
-    m_problem = std::make_unique<CProblem>();
-    m_problem->Code = code;
-    m_problem->Place = place;
-    m_problem->Expected = std::move(expected);
-    m_problem->Found = std::move(found);
+    auto problem = std::make_unique<CProblem>();
+    problem->Code = code;
+    problem->Place = place;
+    problem->Expected = std::move(expected);
+    problem->Found = std::move(found);
+    m_problem = std::move(problem);
     return false;
 }
 

@@ -27,19 +27,13 @@ struct CJsonWindow {
     std::size_t OffsetOf(const char* at) const noexcept { return Offset + static_cast<std::size_t>(at - Begin); }
 };
 
-/// Where a text that is whole comes from: it is there.
+/// Where a text that is whole comes from: all of it is in the window.
 class CWholeText {
 public:
     static constexpr bool IS_WHOLE = true;
-    static constexpr bool More(CJsonWindow&) noexcept { return false; }
 };
 
-/// Finds line and column of \p place, from a place before it: \p text starts at the offset \p offset, in the line \p
-/// line, whose first byte has the offset \p lineStart.
-void LocateIn(CTextPlace& place, std::string_view text, std::size_t offset = 0, std::size_t line = 1,
-              std::size_t lineStart = 0);
-
-/// What a text has at a place, in a few words for people.
+/// What a text has at a place, in a few words for people; nothing at its end.
 std::string DescribeToken(std::string_view token);
 
 inline constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
@@ -51,10 +45,8 @@ public:
     CProblem& Problem() noexcept { return *m_problem; }
 
 protected:
-    /// Keeps the problem, unless there is one already, and sees to it that nothing more is found: the window ends here.
-    /// \return false.
-    [[gnu::cold]] bool Fail(CJsonWindow& window, ProblemCode code, CTextPlace place, std::string expected,
-                            std::string found);
+    /// Keeps a problem, unless there is one already. \return false.
+    [[gnu::cold]] bool Keep(ProblemCode code, CTextPlace place, std::string expected, std::string found);
 
 private:
     std::unique_ptr<CProblem> m_problem;
