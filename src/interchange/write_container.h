@@ -13,8 +13,9 @@
 
 namespace vexa::interchange {
 
-/// Elements of a container, where its own operation can be relied on.
-inline std::size_t SizeOf(const CContainerConstRefrence& container)
+/// Elements of a container, where its own operation can be relied on. For once out of line: GCC 12 sees a null
+/// descriptor where there is none.
+__attribute__((noinline)) inline std::size_t SizeOf(const CContainerConstRefrence& container)
 {
     const bool isOurs = typeinfo::FinishedContainer(container.ContainerInfor()) != nullptr;
     return isOurs ? container.Count() : CEvent::UNKNOWN_SIZE;
