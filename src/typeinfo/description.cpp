@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include <vexa/detail/container_operations.h>
 #include <vexa/detail/vector.h>
 #include <vexa/helper.h>
 
@@ -67,13 +68,22 @@ void Make(CContainerSlot& slot)
     made.SetBaseTypeInfor(record.Name, record.Size, record.Factory, record.Deleter, 0);
     made.Append = record.Append;
     made.Clear = record.Clear;
+    made.Mark.Set(CFinishedMark::CONTAINER);
     record.Fill(made);
     made.ElementType = MakeTypeInfor(record.Element);
     made.ElementNames = typeinfo::EnumerationOf(record.Element);
     if (record.Form == CFinishedMark::VECTOR) CheckVectorLayout();
-    made.Mark.Set(CFinishedMark::CONTAINER);
     if (record.Form != 0) made.Mark.Set(record.Form, record.Stride);
 }
+
+} // namespace
+
+void SetSwap(CContainerInfor& infor, void (*swap)(void* left, void* right)) noexcept
+{
+    if (infor.Mark.Is(CFinishedMark::CONTAINER)) static_cast<typeinfo::CFinishedContainer&>(infor).Swap = swap;
+}
+
+namespace {
 
 void Make(CCustomSlot& slot)
 {

@@ -42,6 +42,7 @@ struct CFinishedContainer : CContainerInfor {
 
     mutable std::atomic<const CContainerPlan*> Plan{nullptr};
     const detail::CEnumerationSlot* ElementNames = nullptr; ///< of the elements' values, where they have names
+    void (*Swap)(void* left, void* right) = nullptr;        ///< exchanges the contents of two; null for vectors
     mutable std::atomic<const CKept*> Form{nullptr};
 };
 

@@ -21,6 +21,9 @@
 
 namespace vexa::detail {
 
+/// Keeps how the contents of two containers are exchanged, beside the descriptor's fields.
+VEXA_API void SetSwap(CContainerInfor& infor, void (*swap)(void* left, void* right)) noexcept;
+
 /// Frees what raw pointers in a value own, before the container that holds them lets go of them or goes away.
 /// Everything else releases itself.
 template<class T>
@@ -109,11 +112,20 @@ void FillClear(CContainerInfor& infor)
 }
 
 template<class Container>
+void FillSwap(CContainerInfor& infor)
+{
+    SetSwap(infor, [](void* left, void* right) {
+        static_cast<Container*>(left)->swap(*static_cast<Container*>(right));
+    });
+}
+
+template<class Container>
 struct CSequenceOperations {
     static void Fill(CContainerInfor& infor)
     {
         CWalkOperations<Container>::Fill(infor);
         FillClear<Container>(infor);
+        FillSwap<Container>(infor);
         if constexpr (std::is_default_constructible_v<typename Container::value_type>) {
             infor.Append = [](void* container) -> void* {
                 return std::addressof(static_cast<Container*>(container)->emplace_back());
@@ -223,6 +235,7 @@ struct CAssociativeOperations {
     {
         CWalkOperations<Container>::Fill(infor);
         FillClear<Container>(infor);
+        FillSwap<Container>(infor);
         if constexpr (std::is_move_constructible_v<Element>) infor.Insert = &Insert;
     }
 };

@@ -1,0 +1,214 @@
+#include "interchange/event_reader.h"
+
+#include <utility>
+
+#include "interchange/replay.h"
+#include "interchange/utf8.h"
+
+namespace vexa::interchange {
+
+namespace {
+
+const CReadPolicy& WithoutBounds()
+{
+    static const CReadPolicy policy = [] {
+        CReadPolicy made;
+        made.MaxDepth = CReadPolicy::NO_LIMIT;
+        return made;
+    }();
+    return policy;
+}
+
+/// More room than this is not taken on a format's word.
+constexpr std::size_t MOST_RESERVED = 65536;
+
+} // namespace
+
+CEventReader::CEventReader(CReplay& replay) : m_source(replay), m_policy(WithoutBounds()), m_replay(&replay) {}
+
+bool CEventReader::Fail(ProblemCode code, std::string expected)
+{
+    if (m_hasFailed) return false;
+    m_hasFailed = true;
+    m_problem.Code = code;
+    m_problem.Expected = std::move(expected);
+    m_problem.Place.Offset = m_event.Offset;
+    m_problem.Place.Length = m_event.Length;
+    return false;
+}
+
+bool CEventReader::IsWithinBounds()
+{
+    if (m_event.Offset + m_event.Length > m_policy.MaxBytes)
+        return Fail(ProblemCode::TOO_LONG, "at most " + std::to_string(m_policy.MaxBytes) + " bytes");
+    const bool isText =
+        m_event.Kind == EventKind::STRING || m_event.Kind == EventKind::BYTES || m_event.Kind == EventKind::KEY;
+    if (isText && m_event.Text.size() > m_policy.MaxTextLength)
+        return Fail(ProblemCode::TOO_LONG, "at most " + std::to_string(m_policy.MaxTextLength) + " bytes of text");
+    return m_replay != nullptr || m_event.Kind == EventKind::BYTES || !isText || IsGoodText();
+}
+
+/// By the policy, other bytes are mended.
+bool CEventReader::IsGoodText()
+{
+    const std::size_t bad = FindBadUtf8(m_event.Text);
+    if (bad == m_event.Text.size()) return true;
+    if (m_policy.Text == BadText::PROBLEM) return Fail(ProblemCode::BAD_UTF8, {});
+    m_mended.clear();
+    AppendMended(m_mended, m_event.Text, m_policy.Text);
+    m_event.Text = m_mended;
+    m_event.IsTextKept = false;
+    return true;
+}
+
+/// Has the next event in m_event.
+bool CEventReader::Look()
+{
+    if (m_hasEvent) return !m_hasFailed;
+    if (m_hasFailed) return false;
+    m_event = CEvent();
+    if (!m_source.Next(m_event, m_problem)) {
+        m_hasFailed = true;
+        return false;
+    }
+    m_hasEvent = true;
+    return IsWithinBounds();
+}
+
+EventKind CEventReader::Peek()
+{
+    if (!Look()) return EventKind::END;
+    if (m_event.Kind == EventKind::KEY) {
+        Fail(ProblemCode::SYNTAX, "a value");
+        return EventKind::END;
+    }
+    return m_event.Kind;
+}
+
+bool CEventReader::TakeValue(EventKind kind)
+{
+    if (!Look()) return false;
+    if (m_event.Kind != kind) return Fail(ProblemCode::SYNTAX, "another value");
+    m_hasEvent = false;
+    m_end = m_event.Offset + m_event.Length;
+    return true;
+}
+
+bool CEventReader::TakeText(EventKind kind, CText& text)
+{
+    if (!TakeValue(kind)) return false;
+    text.Text = m_event.Text;
+    text.IsKept = m_event.IsTextKept;
+    return true;
+}
+
+bool CEventReader::Bool(bool& value)
+{
+    if (!TakeValue(EventKind::BOOL)) return false;
+    value = m_event.Bool;
+    return true;
+}
+
+bool CEventReader::DateTime(CDateTime& time)
+{
+    if (!TakeValue(EventKind::DATE_TIME)) return false;
+    time = m_event.Time;
+    return true;
+}
+
+bool CEventReader::Number(CNumber& number)
+{
+    const EventKind kind = Peek();
+    if (kind != EventKind::UNSIGNED && kind != EventKind::FLOATING && kind != EventKind::SIGNED)
+        return Fail(ProblemCode::SYNTAX, "a number");
+    TakeValue(kind);
+    number.Digits = m_event.Text;
+    number.IsNegative = kind == EventKind::SIGNED && m_event.Signed < 0;
+    if (kind == EventKind::FLOATING) {
+        number.Kind = m_event.Text.empty() ? CNumber::Form::FLOATING : CNumber::Form::DIGITS;
+        number.Floating = m_event.Floating;
+        return true;
+    }
+    number.Kind = CNumber::Form::INTEGER;
+    const auto bits = static_cast<std::uint64_t>(m_event.Signed);
+    number.Magnitude = kind == EventKind::UNSIGNED ? m_event.Unsigned : number.IsNegative ? 0 - bits : bits;
+    return true;
+}
+
+bool CEventReader::Enter(EventKind kind)
+{
+    if (!Look()) return false;
+    if (m_counts.size() >= m_policy.MaxDepth)
+        return Fail(ProblemCode::TOO_DEEP, "at most " + std::to_string(m_policy.MaxDepth) + " levels");
+    if (!TakeValue(kind)) return false;
+    m_counts.push_back(0);
+    return true;
+}
+
+bool CEventReader::Leave(EventKind kind)
+{
+    TakeValue(kind);
+    m_counts.pop_back();
+    return false;
+}
+
+bool CEventReader::CountOne()
+{
+    if (++m_counts.back() <= m_policy.MaxElements) return true;
+    return Fail(ProblemCode::TOO_LONG, "at most " + std::to_string(m_policy.MaxElements) + " elements");
+}
+
+bool CEventReader::NextElement()
+{
+    const EventKind kind = Peek();
+    if (m_hasFailed) return false;
+    if (kind == EventKind::END_ARRAY) return Leave(kind);
+    if (kind == EventKind::END || kind == EventKind::END_OBJECT) return Fail(ProblemCode::SYNTAX, "an element");
+    return CountOne();
+}
+
+bool CEventReader::NextKey(CText& key)
+{
+    if (!Look()) return false;
+    if (m_event.Kind == EventKind::END_OBJECT) return Leave(EventKind::END_OBJECT);
+    if (m_event.Kind != EventKind::KEY) return Fail(ProblemCode::SYNTAX, "a key");
+    return CountOne() && TakeText(EventKind::KEY, key);
+}
+
+/// Nested values are passed over without recursion.
+bool CEventReader::Skip()
+{
+    if (m_replay != nullptr && Look()) {
+        m_end = m_replay->SkipValue();
+        m_hasEvent = false;
+        return true;
+    }
+    const std::size_t depth = m_counts.size();
+    do {
+        CText key;
+        if (m_counts.size() > depth && Look()) {
+            const bool isInObject = m_event.Kind == EventKind::KEY || m_event.Kind == EventKind::END_OBJECT;
+            if (!(isInObject ? NextKey(key) : NextElement())) continue;
+        }
+        const EventKind kind = Peek();
+        if (kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT)
+            Enter(kind);
+        else if (kind == EventKind::END)
+            Fail(ProblemCode::SYNTAX, "a value");
+        else
+            TakeValue(kind);
+    } while (!m_hasFailed && m_counts.size() > depth);
+    return !m_hasFailed;
+}
+
+bool CEventReader::AtEnd()
+{
+    return Look() && (m_event.Kind == EventKind::END || Fail(ProblemCode::TEXT_AFTER_VALUE, "the end of the text"));
+}
+
+std::size_t CEventReader::SizeHint() const noexcept
+{
+    return m_event.Size == CEvent::UNKNOWN_SIZE ? 0 : m_event.Size < MOST_RESERVED ? m_event.Size : MOST_RESERVED;
+}
+
+} // namespace vexa::interchange
