@@ -1,0 +1,40 @@
+#include "interchange/read_context.h"
+
+#include "interchange/place.h"
+
+namespace vexa::interchange {
+
+bool CReadContext::ReachesMasked()
+{
+    if (m_reachesMasked < 0) m_reachesMasked = Forms.ReachesMasked(m_root) ? 1 : 0;
+    return m_reachesMasked != 0;
+}
+
+/// Where something is confidential only what is meant is shown, and that only if it is not confidential itself. The key
+/// of a confidential attribute is no secret, the keys inside one are.
+ExcerptForm CReadContext::FormOfExcerpt(Secrecy secrecy)
+{
+    if (!ReachesMasked()) return ExcerptForm::LINE;
+    if (secrecy == Secrecy::HIDDEN) return ExcerptForm::NOTHING;
+    const bool isOfMember = secrecy == Secrecy::KEY && Path != nullptr && Path->Kind == StepKind::MEMBER;
+    return IsMasked(isOfMember ? Path->Outer : Path) ? ExcerptForm::NOTHING : ExcerptForm::TOKEN;
+}
+
+__attribute__((cold, noinline)) void CReadContext::Add(CProblem problem, Secrecy secrecy)
+{
+    ++Problems;
+    if (IsTrial) return;
+    if (Locator != nullptr) {
+        if (problem.Place.Offset != CTextPlace::NOWHERE) Locator->Locate(problem.Place);
+        if (problem.Second.Offset != CTextPlace::NOWHERE) Locator->Locate(problem.Second);
+    }
+    problem.Path = PathOf(Path);
+    problem.Pointer = PointerOf(Path);
+    if (problem.Class.empty() && problem.Attrib.empty()) TellAttribute(Path, problem);
+    problem.Shown = FormOfExcerpt(secrecy);
+    if (problem.Shown == ExcerptForm::NOTHING) problem.Found.clear();
+    if (!Text.empty()) problem.Excerpt = ExcerptOf(Text, problem.Place, problem.Shown);
+    m_report.Add(std::move(problem));
+}
+
+} // namespace vexa::interchange

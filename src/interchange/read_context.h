@@ -1,0 +1,128 @@
+#ifndef VEXA_INTERCHANGE_READ_CONTEXT_H
+#define VEXA_INTERCHANGE_READ_CONTEXT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <vexa/policy.h>
+#include <vexa/report.h>
+
+#include "interchange/form.h"
+#include "interchange/path.h"
+
+namespace vexa::interchange {
+
+class CUndo;
+
+/// Tells line and column of a place in the text that is read, whatever is replayed meanwhile.
+class CLocator {
+public:
+    virtual void Locate(CTextPlace& place) = 0;
+
+protected:
+    ~CLocator() = default;
+};
+
+/// What the place of a problem is, which decides whether it may be shown.
+enum class Secrecy : unsigned char {
+    VALUE, ///< a value, confidential or not by the way that leads to it
+    KEY,   ///< a key
+    HIDDEN ///< the value of an unknown key where some are confidential, or what is broken
+};
+
+/// What one reading has in common, however many readers take part in it.
+class CReadContext {
+public:
+    /// \p text is the whole text where it lies in memory, else empty.
+    CReadContext(const CForm& root, CReport& report, const CReadPolicy& policy, std::string_view text)
+        : Policy(policy), Text(text), m_root(root), m_report(report)
+    {
+    }
+    CReadContext(const CReadContext&) = delete;
+    CReadContext& operator=(const CReadContext&) = delete;
+
+    const CReadPolicy& Policy;
+    const std::string_view Text;
+    CForms Forms;
+    CLocator* Locator = nullptr;
+    const CPathStep* Path = nullptr;
+    CUndo* Undo = nullptr;             ///< null while nothing need be undone: what is read into is new
+    std::vector<std::uint32_t> Firsts; ///< for each member of the objects that are open: where its key stands, plus 1
+    bool IsTrial = false;              ///< problems are only counted
+    std::size_t Problems = 0;          ///< so many so far
+
+    /// Takes a problem in, with the path and as much of the text as may be shown.
+    void Add(CProblem problem, Secrecy secrecy);
+
+private:
+    bool ReachesMasked();
+    ExcerptForm FormOfExcerpt(Secrecy secrecy);
+
+    const CForm& m_root;
+    CReport& m_report;
+    int m_reachesMasked = -1; ///< not known yet
+};
+
+/// Adds a link to the path as long as it lives.
+class CPathScope {
+public:
+    explicit CPathScope(CReadContext& context) noexcept : Step(context.Path), m_context(context)
+    {
+        context.Path = &Step;
+    }
+    CPathScope(const CPathScope&) = delete;
+    CPathScope& operator=(const CPathScope&) = delete;
+    ~CPathScope() { m_context.Path = Step.Outer; }
+
+    CPathStep Step;
+
+private:
+    CReadContext& m_context;
+};
+
+/// Takes no notes for undoing as long as it lives: what is read into is new, and goes as a whole.
+class CFreshScope {
+public:
+    explicit CFreshScope(CReadContext& context) noexcept
+        : m_context(context), m_undo(std::exchange(context.Undo, nullptr))
+    {
+    }
+    CFreshScope(const CFreshScope&) = delete;
+    CFreshScope& operator=(const CFreshScope&) = delete;
+    ~CFreshScope() { m_context.Undo = m_undo; }
+
+private:
+    CReadContext& m_context;
+    CUndo* m_undo;
+};
+
+/// Problems are only counted, and forgotten again, as long as it lives; what is read into is new.
+class CTrialScope {
+public:
+    explicit CTrialScope(CReadContext& context) noexcept
+        : m_context(context), m_fresh(context), m_wasTrial(std::exchange(context.IsTrial, true)),
+          m_before(context.Problems)
+    {
+    }
+    CTrialScope(const CTrialScope&) = delete;
+    CTrialScope& operator=(const CTrialScope&) = delete;
+    ~CTrialScope()
+    {
+        m_context.IsTrial = m_wasTrial;
+        m_context.Problems = m_before;
+    }
+    bool HasProblems() const noexcept { return m_context.Problems != m_before; }
+
+private:
+    CReadContext& m_context;
+    CFreshScope m_fresh;
+    bool m_wasTrial;
+    std::size_t m_before;
+};
+
+} // namespace vexa::interchange
+
+#endif

@@ -1,0 +1,77 @@
+#include "interchange/read_fit.h"
+
+#include "interchange/read_phrase.h"
+
+namespace vexa::interchange {
+
+using namespace Enum;
+using detail::ShapeKind;
+
+namespace {
+
+bool BasicTakes(unsigned char code, EventKind kind)
+{
+    if (code == DT_BOOL) return kind == EventKind::BOOL;
+    if (IsNumberCode(code)) return IsNumber(kind);
+    switch (code) {
+    case DT_NUMERIC: return IsNumber(kind) || kind == EventKind::NULL_VALUE;
+    case DT_DATETIME: return kind == EventKind::STRING || kind == EventKind::DATE_TIME || kind == EventKind::NULL_VALUE;
+    case DT_BINARY: return kind == EventKind::STRING || kind == EventKind::BYTES;
+    default: return kind == EventKind::STRING;
+    }
+}
+
+bool IsScalar(EventKind kind) { return kind != EventKind::BEGIN_ARRAY && kind != EventKind::BEGIN_OBJECT; }
+
+bool ShapeTakes(ShapeKind shape, EventKind kind)
+{
+    switch (shape) {
+    case ShapeKind::SIGNED_BYTE:
+    case ShapeKind::DURATION: return IsNumber(kind);
+    case ShapeKind::TUPLE:
+    case ShapeKind::BITS: return kind == EventKind::BEGIN_ARRAY;
+    case ShapeKind::ATOMIC: return IsNumber(kind) || kind == EventKind::BOOL;
+    case ShapeKind::TIME_POINT: return kind == EventKind::STRING || kind == EventKind::DATE_TIME;
+    case ShapeKind::TEXT: return kind == EventKind::STRING;
+    default: return true;
+    }
+}
+
+} // namespace
+
+bool TakesKind(const CForm& form, EventKind kind)
+{
+    if (kind == EventKind::NULL_VALUE && form.IsNullable) return true;
+    switch (form.Kind) {
+    case FormKind::BASIC: return BasicTakes(form.Code, kind);
+    case FormKind::ENUMERATION: return IsNumber(kind) || kind == EventKind::STRING;
+    case FormKind::CLASS:
+    case FormKind::MAP:
+    case FormKind::GENERIC:
+    case FormKind::GROUP: return kind == EventKind::BEGIN_OBJECT;
+    case FormKind::SEQUENCE:
+    case FormKind::INSERTED:
+    case FormKind::PAIR_MAP:
+    case FormKind::PAIR:
+    case FormKind::ARRAY:
+    case FormKind::ROW:
+    case FormKind::TABLE: return kind == EventKind::BEGIN_ARRAY;
+    case FormKind::CHAR_ARRAY:
+    case FormKind::BITSET: return kind == EventKind::STRING;
+    case FormKind::VALUE:
+    case FormKind::CUSTOM: return IsScalar(kind);
+    case FormKind::SHAPE: return ShapeTakes(form.Shape->Kind, kind);
+    case FormKind::NULL_TYPE: return kind == EventKind::NULL_VALUE;
+    default: return false;
+    }
+}
+
+bool IsIntegerForm(const CForm& form) noexcept
+{
+    if (form.Kind == FormKind::SHAPE) return form.Shape->Kind == ShapeKind::SIGNED_BYTE;
+    const bool isNumber = form.Kind == FormKind::BASIC || form.Kind == FormKind::ENUMERATION;
+    return isNumber && IsNumberCode(form.Code) && form.Code != DT_FLOAT && form.Code != DT_DOUBLE &&
+           form.Code != DT_LONG_DOUBLE;
+}
+
+} // namespace vexa::interchange
