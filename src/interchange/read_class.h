@@ -1,0 +1,215 @@
+#ifndef VEXA_INTERCHANGE_READ_CLASS_H
+#define VEXA_INTERCHANGE_READ_CLASS_H
+
+#include "interchange/read_check.h"
+#include "interchange/read_polymorphic.h"
+#include "reference/union_member.h"
+
+/// \file
+/// Reading objects of described classes, member by member: what the text does not name stays as it is.
+
+namespace vexa::interchange {
+
+/// An object's part of CReadContext::Firsts, as long as it is open.
+class CFirstsScope {
+public:
+    CFirstsScope(CReadContext& context, std::size_t count) : m_firsts(context.Firsts), m_base(m_firsts.size())
+    {
+        m_firsts.resize(m_base + count);
+    }
+    CFirstsScope(const CFirstsScope&) = delete;
+    CFirstsScope& operator=(const CFirstsScope&) = delete;
+    ~CFirstsScope() { m_firsts.resize(m_base); }
+
+    std::size_t Base() const noexcept { return m_base; }
+
+private:
+    std::vector<std::uint32_t>& m_firsts;
+    std::size_t m_base;
+};
+
+/// A key's place plus 1, so that it is not 0.
+inline std::uint32_t FirstOf(std::size_t offset) noexcept
+{
+    return offset < 0xFFFFFFFE ? static_cast<std::uint32_t>(offset + 1) : 0xFFFFFFFF;
+}
+
+template<class Source>
+bool CReader<Source>::ReadClass(const CClassInfor& infor, char* object, std::string_view tag)
+{
+    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
+    const std::size_t brace = m_source.Offset();
+    if (!m_source.EnterObject()) return Broken();
+    return ReadRest({&infor, object, false}, brace, tag);
+}
+
+/// Stands behind the brace, or behind the value of the tag.
+template<class Source>
+bool CReader<Source>::ReadRest(const CWholeObject& whole, std::size_t brace, std::string_view tag)
+{
+    const CClassForm& form = m_context.Forms.Of(*whole.Infor);
+    const CFirstsScope firsts(m_context, form.Members.size());
+    CPathScope path(m_context);
+    CObjectFrame frame{form, whole.Object, brace, firsts.Base(), m_context.Problems, tag, path.Step};
+    if (!ReadKeys(frame)) return false;
+    path.Step.Kind = StepKind::NONE;
+    if (!frame.Late.empty()) ReadLateMembers(frame);
+    if (!form.Required.empty() && !m_context.Policy.IgnoreRequired) TellMissing(frame);
+    if (form.Notes != nullptr || !form.Flattened.empty()) CheckObject(frame);
+    return true;
+}
+
+/// The key that comes next in the class is the most likely one.
+template<class Source>
+bool CReader<Source>::ReadKeys(CObjectFrame& frame)
+{
+    const CClassForm& form = frame.Form;
+    const CMember* next = form.Members.data();
+    const CMember* const end = next + form.Members.size();
+    CText key;
+    while (m_source.NextKey(key)) {
+        const CMember* const member = next != end && key.Text == next->Key ? next : form.Find(key.Text);
+        if (__builtin_expect(member == nullptr, 0)) {
+            frame.Step.Kind = StepKind::NONE;
+            if (!TakeUnknownKey(frame, key)) return false;
+            continue;
+        }
+        next = member + 1;
+        frame.Step.To(*member);
+        if (!ReadMember(frame, *member)) return false;
+    }
+    return !m_source.HasFailed() || Broken();
+}
+
+template<class Source>
+inline bool CReader<Source>::ReadMember(CObjectFrame& frame, const CMember& member)
+{
+    std::uint32_t& first = m_context.Firsts[frame.Base + member.Number];
+    if (__builtin_expect(first != 0 && !m_context.Policy.LastDuplicateWins, 0)) {
+        TellDuplicate(frame, member);
+        return m_source.Skip() || Broken();
+    }
+    first = FirstOf(m_source.Offset());
+    if (__builtin_expect(frame.Form.HasNotes || frame.Form.HasUnions, 0)) return ReadNotedMember(frame, member);
+    return ReadValue(member, frame.Object);
+}
+
+template<class Source>
+bool CReader<Source>::ReadNotedMember(CObjectFrame& frame, const CMember& member)
+{
+    if (member.Notes != nullptr && member.Notes->IsReadOnly) return Refuse(ProblemCode::READ_ONLY);
+    if (member.Infor->UnionSelector != nullptr) return ReadUnionMember(frame, member);
+    const bool isBounded = member.Notes != nullptr && IsBounded(*member.Notes);
+    if (!frame.Form.HasUnions && !isBounded) return ReadValue(member, frame.Object);
+    m_source.Peek();
+    const std::size_t begin = m_source.Offset();
+    const std::size_t before = m_context.Problems;
+    if (!(frame.Form.HasUnions ? ReadBesideUnions(frame, member) : ReadValue(member, frame.Object))) return false;
+    if (isBounded && m_context.Problems == before) CheckMember(member, frame.Object, begin);
+    return true;
+}
+
+template<class Source>
+__attribute__((cold, noinline)) void CReader<Source>::TellDuplicate(CObjectFrame& frame, const CMember& member)
+{
+    CProblem problem;
+    problem.Code = ProblemCode::DUPLICATE_KEY;
+    problem.Second.Offset = m_context.Firsts[frame.Base + member.Number] - 1;
+    problem.Second.Length = m_source.EndOffset() - m_source.Offset();
+    Tell(std::move(problem), m_source.Offset(), m_source.EndOffset(), Secrecy::KEY);
+}
+
+/// The policy goes before what the class says.
+template<class Source>
+__attribute__((noinline)) bool CReader<Source>::TakeUnknownKey(CObjectFrame& frame, const CText& key)
+{
+    const typeinfo::CClassNotes* const notes = frame.Form.Notes;
+    if (!frame.Tag.empty() && key.Text == frame.Tag) return m_source.Skip() || Broken();
+    if (notes != nullptr && !notes->Tag.empty() && key.Text == notes->Tag) return TakeOwnTag(frame, key);
+    UnknownKeys rule = m_context.Policy.Unknown;
+    if (rule == UnknownKeys::BY_CLASS) rule = notes != nullptr ? notes->Unknown : UnknownKeys::PROBLEM;
+    if (rule == UnknownKeys::SKIP) return m_source.Skip() || Broken();
+    return rule == UnknownKeys::KEEP && frame.Form.Keeper != CClassForm::NO_MEMBER ? KeepUnknown(frame, key)
+                                                                                   : TellUnknownKey(frame, key);
+}
+
+/// The names of a confidential object's attributes are not shown.
+template<class Source>
+__attribute__((cold, noinline)) bool CReader<Source>::TellUnknownKey(CObjectFrame& frame, const CText& key)
+{
+    CProblem problem;
+    problem.Code = ProblemCode::UNKNOWN_KEY;
+    problem.Class = typeinfo::QualifiedNameOf(*frame.Form.Infor);
+    if (!IsMasked(m_context.Path)) {
+        CNearestName nearest(key.Text);
+        for (const CMember& member : frame.Form.Members) {
+            if (member.Number != frame.Form.Keeper) nearest.Offer(member.Key);
+            if (member.Notes == nullptr) continue;
+            for (const std::string& alias : member.Notes->Aliases)
+                nearest.Offer(alias);
+        }
+        problem.Attrib = key.Text;
+        problem.Nearest = nearest.Name();
+    }
+    Tell(std::move(problem), m_source.Offset(), m_source.EndOffset(), Secrecy::KEY);
+    return m_source.Skip() || Broken();
+}
+
+/// The keys that are kept are those of one object: the first empties the map.
+template<class Source>
+bool CReader<Source>::KeepUnknown(CObjectFrame& frame, const CText& key)
+{
+    const CMember& keeper = frame.Form.Members[frame.Form.Keeper];
+    if (keeper.Kind != FormKind::MAP || keeper.How != Held::DIRECT) return TellUnknownKey(frame, key);
+    char* const map = frame.Object + keeper.ValueOffset;
+    if (!frame.IsKeeperOpen && !SetAside(keeper, map)) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    frame.IsKeeperOpen = true;
+    frame.Step.To(keeper);
+    const CFreshScope fresh(m_context);
+    CPathScope path(m_context);
+    return ReadMapEntry(keeper, map, key, path.Step);
+}
+
+/// An object whose class is known says what it is.
+template<class Source>
+bool CReader<Source>::TakeOwnTag(CObjectFrame& frame, const CText& key)
+{
+    const CClassInfor& infor = *frame.Form.Infor;
+    const std::string tag(key.Text);
+    if (m_source.Peek() != EventKind::STRING) return WrongKind(OneOf({typeinfo::TagValueOf(infor)}));
+    const std::size_t begin = m_source.Offset();
+    CText value;
+    if (!m_source.String(value)) return Broken();
+    if (value.Text == typeinfo::TagValueOf(infor)) return true;
+    CProblem problem;
+    problem.Code = ProblemCode::UNKNOWN_TAG;
+    problem.Class = typeinfo::QualifiedNameOf(infor);
+    problem.Attrib = tag;
+    problem.Expected = OneOf({typeinfo::TagValueOf(infor)});
+    problem.Found = ShownText(value.Text);
+    Tell(std::move(problem), begin, m_source.EndOffset());
+    return true;
+}
+
+/// Told at the closing brace. The members of unions are required only while they are active.
+template<class Source>
+void CReader<Source>::TellMissing(const CObjectFrame& frame)
+{
+    for (const std::uint32_t number : frame.Form.Required) {
+        if (m_context.Firsts[frame.Base + number] != 0) continue;
+        const CMember& member = frame.Form.Members[number];
+        if (!reference::IsActiveWithSelectors(*member.Infor, frame.Object + member.OwnerOffset)) continue;
+        CProblem problem;
+        problem.Code = ProblemCode::MISSING_KEY;
+        problem.Class = typeinfo::QualifiedNameOf(*member.Owner);
+        problem.Attrib = member.Key;
+        problem.Second.Offset = frame.Brace;
+        problem.Second.Length = 1;
+        const std::size_t end = m_source.EndOffset();
+        Tell(std::move(problem), end - 1, end, Secrecy::KEY);
+    }
+}
+
+} // namespace vexa::interchange
+
+#endif

@@ -1,0 +1,174 @@
+#ifndef VEXA_INTERCHANGE_READ_POLYMORPHIC_H
+#define VEXA_INTERCHANGE_READ_POLYMORPHIC_H
+
+#include "interchange/nearest.h"
+#include "interchange/read_held.h"
+
+/// \file
+/// Reading objects whose class the text tells, by a tag that may stand anywhere in the object.
+
+namespace vexa::interchange {
+
+template<class Source>
+bool CReader<Source>::IsPolymorphic(const CForm& form)
+{
+    if (form.Kind != FormKind::CLASS) return false;
+    const typeinfo::CClassNotes* const notes = typeinfo::NotesOf(form.ClassInfor());
+    return notes != nullptr && !notes->Tag.empty();
+}
+
+/// The tag is most often the first key; else the object is kept and read again.
+template<class Source>
+bool CReader<Source>::ReadPolymorphic(const CClassInfor& base, CTaggedTarget& target)
+{
+    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
+    if constexpr (std::is_same_v<Source, CEventReader>) {
+        if (m_source.Replay() != nullptr) return ReadPolymorphicAgain(base, target);
+    }
+    const std::size_t brace = m_source.Offset();
+    CText key;
+    if (!m_source.EnterObject()) return Broken();
+    const bool hasKey = m_source.NextKey(key);
+    if (m_source.HasFailed()) return Broken();
+    if (hasKey && key.Text == typeinfo::NotesOf(base)->Tag) return ReadTagged(base, target, brace);
+    CHeldValue held;
+    held.Own = std::make_unique<CEventRecord>();
+    held.Record = held.Own.get();
+    if (!hasKey)
+        held.Own->AddEmptyObject(brace, m_source.EndOffset());
+    else if (!held.Own->AddRestOfObject(m_source, key, brace))
+        return Broken();
+    Replay(held, [&](auto& reader) { reader.ReadPolymorphicAgain(base, target); });
+    return true;
+}
+
+/// In a replay the tag is looked for first.
+template<class Source>
+bool CReader<Source>::ReadPolymorphicAgain(const CClassInfor& base, CTaggedTarget& target)
+{
+    if constexpr (std::is_same_v<Source, CEventReader>) {
+        m_source.Peek();
+        const CReplay& replay = *m_source.Replay();
+        const std::string& tag = typeinfo::NotesOf(base)->Tag;
+        const std::size_t found = replay.Record().FindKey(replay.Position() - 1, tag);
+        CWholeObject whole;
+        bool isFound = false;
+        if (found == CEventRecord::NOWHERE) {
+            isFound = FindWithoutTag(base, target, whole);
+        } else {
+            const CEvent& value = replay.Record().At(found);
+            const CTextPlace place{value.Offset, value.Length, 0, 0};
+            isFound = FindByTag(base, target, value.Kind == EventKind::STRING ? value.Text : "", place, whole);
+        }
+        if (!isFound) return m_source.Skip();
+        if (!whole.IsNew) return ReadClass(*whole.Infor, whole.Object, tag);
+        const CFreshScope fresh(m_context);
+        return ReadClass(*whole.Infor, whole.Object, tag);
+    } else {
+        return false;
+    }
+}
+
+/// Stands behind the tag's key.
+template<class Source>
+bool CReader<Source>::ReadTagged(const CClassInfor& base, CTaggedTarget& target, std::size_t brace)
+{
+    std::string value;
+    if (m_source.Peek() == EventKind::STRING) {
+        CText text;
+        if (!m_source.String(text)) return Broken();
+        value = text.Text;
+    } else if (!m_source.Skip()) {
+        return Broken();
+    }
+    const std::size_t begin = m_source.Offset();
+    const CTextPlace place{begin, m_source.EndOffset() - begin, 0, 0};
+    CWholeObject whole;
+    if (!FindByTag(base, target, value, place, whole)) return SkipRest();
+    const std::string& tag = typeinfo::NotesOf(base)->Tag;
+    if (!whole.IsNew) return ReadRest(whole, brace, tag);
+    const CFreshScope fresh(m_context);
+    return ReadRest(whole, brace, tag);
+}
+
+template<class Source>
+bool CReader<Source>::SkipRest()
+{
+    CText key;
+    while (m_source.NextKey(key))
+        if (!m_source.Skip()) return Broken();
+    return !m_source.HasFailed() || Broken();
+}
+
+/// The object that is there is filled if it is of the class, else a new one takes its place.
+template<class Source>
+bool CReader<Source>::FindByTag(const CClassInfor& base, CTaggedTarget& target, std::string_view value,
+                                const CTextPlace& place, CWholeObject& whole)
+{
+    const typeinfo::CDerivedClass derived = typeinfo::FindByTagValue(base, value);
+    if (derived.Infor == nullptr) {
+        TellUnknownTag(base, value, place);
+        return false;
+    }
+    whole.Infor = derived.Infor;
+    if (const void* const object = target.Object()) {
+        const void* begin = object;
+        const CClassInfor& present = typeinfo::DynamicClassOf(base, object, begin);
+        whole.Object = static_cast<char*>(const_cast<void*>(begin));
+        if (&present == derived.Infor) return true;
+    }
+    const CGnlTypeInfor type(Enum::DT_CLASS, 0, derived.Infor);
+    CMadeObject made(type);
+    if (made.Get() == nullptr) {
+        Tell(ProblemCode::CANNOT_BE_MADE, place.Offset, place.Offset + place.Length);
+        return false;
+    }
+    whole.Object = made.Get();
+    whole.IsNew = true;
+    target.Adopt(made, *derived.Infor, derived.Offset);
+    return true;
+}
+
+template<class Source>
+bool CReader<Source>::FindWithoutTag(const CClassInfor& base, CTaggedTarget& target, CWholeObject& whole)
+{
+    if (const void* const object = target.Object()) {
+        const void* begin = object;
+        whole.Infor = &typeinfo::DynamicClassOf(base, object, begin);
+        whole.Object = static_cast<char*>(const_cast<void*>(begin));
+        return true;
+    }
+    const CGnlTypeInfor type(Enum::DT_CLASS, 0, &base);
+    CMadeObject made(type);
+    if (made.Get() == nullptr) {
+        CProblem problem;
+        problem.Code = ProblemCode::MISSING_TAG;
+        problem.Class = typeinfo::QualifiedNameOf(base);
+        problem.Attrib = typeinfo::NotesOf(base)->Tag;
+        problem.Expected = OneOf(typeinfo::TagValuesOf(base));
+        Tell(std::move(problem), m_source.Offset(), m_source.Offset() + 1);
+        return false;
+    }
+    whole = {&base, made.Get(), true};
+    target.Adopt(made, base, 0);
+    return true;
+}
+
+template<class Source>
+__attribute__((cold, noinline)) void CReader<Source>::TellUnknownTag(const CClassInfor& base, std::string_view value,
+                                                                     const CTextPlace& place)
+{
+    CProblem problem;
+    const std::vector<std::string> known = typeinfo::TagValuesOf(base);
+    problem.Code = ProblemCode::UNKNOWN_TAG;
+    problem.Class = typeinfo::QualifiedNameOf(base);
+    problem.Attrib = typeinfo::NotesOf(base)->Tag;
+    problem.Expected = OneOf(known);
+    problem.Found = ShownText(value);
+    problem.Nearest = NearestName(value, known);
+    Tell(std::move(problem), place.Offset, place.Offset + place.Length);
+}
+
+} // namespace vexa::interchange
+
+#endif

@@ -1,0 +1,81 @@
+#ifndef VEXA_INTERCHANGE_READ_PROBLEM_H
+#define VEXA_INTERCHANGE_READ_PROBLEM_H
+
+#include "interchange/read_phrase.h"
+#include "interchange/reader.h"
+
+/// \file
+/// The reader's problems. Whatever tells one lies apart from the walk.
+
+namespace vexa::interchange {
+
+/// The source has failed: tells why, once. \return false
+template<class Source>
+__attribute__((cold, noinline)) bool CReader<Source>::Broken()
+{
+    if (!m_isTold && m_source.HasFailed()) {
+        m_isTold = true;
+        m_context.Add(m_source.Problem(), Secrecy::HIDDEN);
+    }
+    return false;
+}
+
+template<class Source>
+__attribute__((cold, noinline)) void CReader<Source>::Tell(CProblem problem, std::size_t begin, std::size_t end,
+                                                           Secrecy secrecy)
+{
+    problem.Place.Offset = begin;
+    problem.Place.Length = end > begin ? end - begin : 0;
+    m_context.Add(std::move(problem), secrecy);
+}
+
+template<class Source>
+__attribute__((cold, noinline)) void CReader<Source>::Tell(ProblemCode code, std::size_t begin, std::size_t end,
+                                                           std::string expected, std::string found)
+{
+    CProblem problem;
+    problem.Code = code;
+    problem.Expected = std::move(expected);
+    problem.Found = std::move(found);
+    Tell(std::move(problem), begin, end);
+}
+
+/// Passes over the next value, which is not what is expected.
+template<class Source>
+__attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expected)
+{
+    const EventKind kind = m_source.Peek();
+    const std::size_t begin = m_source.Offset();
+    if (m_source.HasFailed() || !m_source.Skip()) return Broken();
+    const bool isLong = kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT;
+    Tell(kind == EventKind::NULL_VALUE ? ProblemCode::NULL_NOT_ALLOWED : ProblemCode::WRONG_KIND, begin,
+         isLong ? begin + 1 : m_source.EndOffset(), std::move(expected), std::string(PhraseOf(kind)));
+    return true;
+}
+
+/// Passes over the next value, which cannot be taken whatever it is.
+template<class Source>
+__attribute__((cold, noinline)) bool CReader<Source>::Refuse(ProblemCode code, std::string expected)
+{
+    const EventKind kind = m_source.Peek();
+    const std::size_t begin = m_source.Offset();
+    if (m_source.HasFailed() || !m_source.Skip()) return Broken();
+    const bool isLong = kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT;
+    Tell(code, begin, isLong ? begin + 1 : m_source.EndOffset(), std::move(expected));
+    return true;
+}
+
+/// \return true: the number has been taken.
+template<class Source>
+__attribute__((cold, noinline)) bool CReader<Source>::TellNumber(NumberVerdict verdict, const CNumber& number,
+                                                                 std::size_t begin, std::string range)
+{
+    const bool isFraction = verdict == NumberVerdict::NOT_AN_INTEGER;
+    Tell(isFraction ? ProblemCode::NOT_AN_INTEGER : ProblemCode::OUT_OF_RANGE, begin, m_source.EndOffset(),
+         isFraction ? "an integer" : std::move(range), ShownNumber(number));
+    return true;
+}
+
+} // namespace vexa::interchange
+
+#endif

@@ -1,0 +1,122 @@
+#ifndef VEXA_INTERCHANGE_READ_UNION_H
+#define VEXA_INTERCHANGE_READ_UNION_H
+
+#include "interchange/read_class.h"
+#include "interchange/read_set_aside.h"
+#include "reference/saved_selector.h"
+#include "reference/union_member.h"
+#include "reference/union_watch.h"
+
+/// \file
+/// Reading objects with unions: only the active member is read, and its selector may stand behind it in the text.
+
+namespace vexa::interchange {
+
+/// Whether a selector that the text may still name decides about the member.
+template<class Source>
+bool CReader<Source>::SelectorMayCome(const CObjectFrame& frame, const CMember& member) const
+{
+    const CAttribInfor& selector = *member.Infor->UnionSelector;
+    for (const CMember& other : frame.Form.Members) {
+        const bool isIt = other.OwnerOffset == member.OwnerOffset && other.Infor->Offset == selector.Offset &&
+                          other.Infor->TypeInfor.DataType == selector.TypeInfor.DataType;
+        if (isIt && other.Infor->UnionSelector == selector.UnionSelector)
+            return m_context.Firsts[frame.Base + other.Number] == 0;
+    }
+    return false;
+}
+
+/// What comes before its selector waits for it.
+template<class Source>
+bool CReader<Source>::ReadUnionMember(CObjectFrame& frame, const CMember& member)
+{
+    if (SelectorMayCome(frame, member)) {
+        CLateMember& late = frame.Late.emplace_back();
+        late.Member = &member;
+        return Hold(late.Value);
+    }
+    if (!reference::IsActiveWithSelectors(*member.Infor, frame.Object + member.OwnerOffset))
+        return Refuse(ProblemCode::INACTIVE_MEMBER);
+    m_source.Peek();
+    const std::size_t begin = m_source.Offset();
+    const std::size_t before = m_context.Problems;
+    if (!ReadBesideUnions(frame, member)) return false;
+    if (member.Notes != nullptr && m_context.Problems == before) CheckMember(member, frame.Object, begin);
+    return true;
+}
+
+/// At the end of the object, in the order of the text; those whose selectors are unions' members themselves find them
+/// read by then.
+template<class Source>
+void CReader<Source>::ReadLateMembers(CObjectFrame& frame)
+{
+    const std::vector<CLateMember> late = std::move(frame.Late);
+    for (const CLateMember& member : late) {
+        const CMember& which = *member.Member;
+        frame.Step.To(which);
+        Replay(member.Value, [&](auto& reader) {
+            if (reference::IsActiveWithSelectors(*which.Infor, frame.Object + which.OwnerOffset))
+                reader.ReadBesideUnions(frame, which);
+            else
+                reader.Refuse(ProblemCode::INACTIVE_MEMBER);
+        });
+    }
+    frame.Step.Kind = StepKind::NONE;
+}
+
+/// The present value of a selector among the numbers by which members become active.
+inline short SelectorValue(const CMember& member, const char* object)
+{
+    return CStdBasicTypeConstRefrence(member.Infor->TypeInfor, object + member.HolderOffset).As_short();
+}
+
+/// Reads an attribute that may be a selector: where it changes, what was active gives way to what becomes active.
+template<class Source>
+bool CReader<Source>::ReadBesideUnions(CObjectFrame& frame, const CMember& member)
+{
+    const CClassInfor& owner = *member.Owner;
+    char* const object = frame.Object + member.OwnerOffset;
+    if (!member.Infor->TypeInfor.IsBasicType() || !IsGuardingSelector(owner, *member.Infor))
+        return ReadValue(member, frame.Object);
+    m_source.Peek();
+    const std::size_t begin = m_source.Offset();
+    const short from = SelectorValue(member, frame.Object);
+    auto saved = std::make_shared<reference::CSavedSelector>(member.Infor->TypeInfor, object + member.Infor->Offset);
+    reference::CUnionWatch watch(owner, object);
+    bool isWhole = false;
+    {
+        const CFreshScope fresh(m_context);
+        isWhole = ReadValue(member, frame.Object);
+    }
+    const bool isChanged = SelectorValue(member, frame.Object) != from;
+    const bool isTaken = m_context.Undo == nullptr || !isChanged || TakeOldMembers(frame, member, from);
+    if (!isTaken) saved->PutBack();
+    const bool isSettled = watch.Settle() && isTaken;
+    if (!isSettled)
+        Tell(ProblemCode::CANNOT_BE_MADE, begin, m_source.EndOffset());
+    else if (m_context.Undo != nullptr)
+        m_context.Undo->SaveBy([&owner, object, saved] {
+            reference::CUnionWatch back(owner, object);
+            saved->PutBack();
+            back.Settle();
+        });
+    return isWhole;
+}
+
+/// Takes what the members that were active hold into the undo record, so that nothing is left to be destroyed.
+template<class Source>
+bool CReader<Source>::TakeOldMembers(CObjectFrame& frame, const CMember& selector, short from)
+{
+    for (const CMember& member : frame.Form.Members) {
+        const CAttribInfor& infor = *member.Infor;
+        if (infor.UnionSelector == nullptr || infor.UnionAttribEnum != from) continue;
+        if (member.OwnerOffset != selector.OwnerOffset || infor.UnionSelector->Offset != selector.Infor->Offset)
+            continue;
+        if (!TakeAway(m_context.Forms, *m_context.Undo, member, frame.Object)) return false;
+    }
+    return true;
+}
+
+} // namespace vexa::interchange
+
+#endif
