@@ -1,0 +1,266 @@
+#ifndef VEXA_INTERCHANGE_READ_CONTAINER_H
+#define VEXA_INTERCHANGE_READ_CONTAINER_H
+
+#include "interchange/read_basic.h"
+#include "interchange/read_held.h"
+
+/// \file
+/// Reading sequences, sets and fixed arrays. Containers are emptied first, and their elements are new.
+
+namespace vexa::interchange {
+
+/// Empties a container that is read into.
+template<class Source>
+bool CReader<Source>::SetAside(const CForm& form, char* container)
+{
+    const CContainerInfor& infor = form.ContainerInfor();
+    if (m_context.Undo != nullptr) return m_context.Undo->TakeContents(infor, container);
+    if (infor.Clear == nullptr) return false;
+    infor.Clear(container);
+    return true;
+}
+
+template<class Source>
+bool CReader<Source>::ReadSequence(const CForm& form, char* container)
+{
+    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array");
+    const CContainerInfor& infor = form.ContainerInfor();
+    if (infor.Append == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    const CContainerForm& parts = m_context.Forms.Of(infor);
+    if (!m_source.EnterArray()) return Broken();
+    const CFreshScope fresh(m_context);
+    bool isDone = false;
+    if (parts.IsVector && parts.Element.Kind == FormKind::BASIC && parts.Element.How == Held::DIRECT) {
+        if (!ReadPlainElements(parts.Element, container, isDone)) return false;
+        if (isDone) return true;
+    }
+    CPathScope path(m_context);
+    for (std::size_t index = 0; m_source.NextElement(); ++index) {
+        path.Step.To(index);
+        auto* const slot = static_cast<char*>(infor.Append(container));
+        if (!(slot != nullptr ? ReadValue(parts.Element, slot) : Refuse(ProblemCode::CANNOT_BE_MADE))) return false;
+    }
+    return !m_source.HasFailed() || Broken();
+}
+
+/// Elements of the commonest types go straight into the vector. \param isDone whether these are such.
+template<class Source>
+bool CReader<Source>::ReadPlainElements(const CForm& element, char* container, bool& isDone)
+{
+    using namespace Enum;
+    isDone = true;
+    switch (element.Code) {
+    case DT_INT: return ReadNumbers(*reinterpret_cast<std::vector<int>*>(container));
+    case DT_UNSIGNED_INT: return ReadNumbers(*reinterpret_cast<std::vector<unsigned int>*>(container));
+    case DT_LONG:
+    case DT_LONG_LONG: return ReadNumbers(*reinterpret_cast<std::vector<long>*>(container));
+    case DT_UNSIGNED_LONG:
+    case DT_UNSIGNED_LONG_LONG: return ReadNumbers(*reinterpret_cast<std::vector<unsigned long>*>(container));
+    case DT_FLOAT: return ReadNumbers(*reinterpret_cast<std::vector<float>*>(container));
+    case DT_DOUBLE: return ReadNumbers(*reinterpret_cast<std::vector<double>*>(container));
+    case DT_CHAR:
+    case DT_UNSIGNED_CHAR: return ReadNumbers(*reinterpret_cast<std::vector<unsigned char>*>(container));
+    case DT_STD_STRING: return ReadStrings(*reinterpret_cast<std::vector<std::string>*>(container));
+    default: isDone = false; return true;
+    }
+}
+
+template<class Source>
+template<class T>
+bool CReader<Source>::ReadNumbers(std::vector<T>& vector)
+{
+    CPathScope path(m_context);
+    path.Step.To(std::size_t{0});
+    if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
+    for (; m_source.NextElement(); ++path.Step.Index) {
+        T value{};
+        if (!ReadNumber<T>(reinterpret_cast<char*>(&value))) return false;
+        vector.push_back(value);
+    }
+    return !m_source.HasFailed() || Broken();
+}
+
+template<class Source>
+bool CReader<Source>::ReadStrings(std::vector<std::string>& vector)
+{
+    CPathScope path(m_context);
+    path.Step.To(std::size_t{0});
+    if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
+    for (; m_source.NextElement(); ++path.Step.Index)
+        if (!ReadString(vector.emplace_back())) return false;
+    return !m_source.HasFailed() || Broken();
+}
+
+/// An element that is made by itself, before it is inserted.
+class CLooseElement {
+public:
+    explicit CLooseElement(const CForm& form) : m_form(form), m_object(IsPointer() ? nullptr : form.Type->New()) {}
+    CLooseElement(const CLooseElement&) = delete;
+    CLooseElement& operator=(const CLooseElement&) = delete;
+    ~CLooseElement() { m_form.Type->Delete(m_object); }
+
+    bool IsThere() const noexcept { return IsPointer() || m_object != nullptr; }
+    /// What holds the element.
+    char* Holder() noexcept { return static_cast<char*>(IsPointer() ? &m_object : m_object); }
+    /// Hands it over. The pointee then belongs to the container; anything else is left to be destroyed.
+    void InsertInto(const CContainerInfor& infor, char* container)
+    {
+        infor.Insert(container, Holder());
+        if (IsPointer()) m_object = nullptr;
+    }
+
+private:
+    bool IsPointer() const noexcept { return m_form.How == Held::POINTER; }
+
+    const CForm& m_form;
+    void* m_object;
+};
+
+inline bool IsPlainForm(const CForm& form) noexcept { return form.How == Held::DIRECT && IsAllOrNothing(form); }
+
+/// What could not be read is not inserted.
+template<class Source>
+bool CReader<Source>::ReadInserted(const CForm& form, char* container)
+{
+    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array");
+    const CContainerInfor& infor = form.ContainerInfor();
+    if (infor.Insert == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    const CContainerForm& parts = m_context.Forms.Of(infor);
+    if (!m_source.EnterArray()) return Broken();
+    const CFreshScope fresh(m_context);
+    CPathScope path(m_context);
+    for (std::size_t index = 0; m_source.NextElement(); ++index) {
+        path.Step.To(index);
+        if (!ReadOneInserted(form, parts.Element, container)) return false;
+    }
+    return !m_source.HasFailed() || Broken();
+}
+
+template<class Source>
+bool CReader<Source>::ReadOneInserted(const CForm& form, const CForm& element, char* container)
+{
+    const CContainerInfor& infor = form.ContainerInfor();
+    CLooseElement made(element);
+    if (!made.IsThere()) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    const std::size_t before = m_context.Problems;
+    m_source.Peek();
+    const std::size_t begin = m_source.Offset();
+    if (!ReadValue(element, made.Holder())) return false;
+    if (m_context.Problems != before) return true;
+    const unsigned long count = infor.Count(container);
+    made.InsertInto(infor, container);
+    if (form.Kind == FormKind::PAIR_MAP && infor.Count(container) == count && !m_context.Policy.LastDuplicateWins)
+        Tell(ProblemCode::DUPLICATE_KEY, begin, begin + 1);
+    return true;
+}
+
+/// Stands behind the bracket.
+template<class Source>
+template<class ReadPart>
+bool CReader<Source>::ReadEachPlace(std::size_t count, std::size_t& index, ReadPart readPart)
+{
+    CPathScope path(m_context);
+    for (; m_source.NextElement(); ++index) {
+        path.Step.To(index);
+        if (index < count) {
+            if (!readPart(index)) return false;
+        } else if (!(index == count ? Refuse(ProblemCode::TOO_MANY_ELEMENTS, CountText(count)) : m_source.Skip())) {
+            return Broken();
+        }
+    }
+    return !m_source.HasFailed() || Broken();
+}
+
+/// Reads an array into places that are there. \param readPart reads the element of a number.
+template<class Source>
+template<class ReadPart>
+bool CReader<Source>::ReadPlaces(std::size_t count, ReadPart readPart)
+{
+    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array");
+    if (!m_source.EnterArray()) return Broken();
+    std::size_t index = 0;
+    if (!ReadEachPlace(count, index, readPart)) return false;
+    const std::size_t end = m_source.EndOffset();
+    if (index < count) Tell(ProblemCode::TOO_FEW_ELEMENTS, end - 1, end, CountText(count), std::to_string(index));
+    return true;
+}
+
+template<class Source>
+bool CReader<Source>::ReadArray(const CForm& form, char* array)
+{
+    const CContainerInfor& infor = form.ContainerInfor();
+    const CContainerForm& parts = m_context.Forms.Of(infor);
+    if (parts.IsSlots) {
+        const std::size_t stride = parts.Stride;
+        return ReadPlaces(infor.Size / stride,
+                          [&](std::size_t i) { return ReadValue(parts.Element, array + i * stride); });
+    }
+    std::vector<char*> places;
+    if (infor.Begin != nullptr) {
+        void* place = nullptr;
+        if (void* const cursor = infor.Begin(array, &place)) {
+            for (; place != nullptr; place = infor.Next(array, cursor))
+                places.push_back(static_cast<char*>(place));
+            infor.Release(cursor);
+        }
+    }
+    return ReadPlaces(places.size(), [&](std::size_t i) { return ReadValue(parts.Element, places[i]); });
+}
+
+template<class Source>
+bool CReader<Source>::ReadPair(const CForm& form, char* pair)
+{
+    const CClassForm& parts = m_context.Forms.Of(form.ClassInfor());
+    return ReadPlaces(parts.Members.size(), [&](std::size_t i) { return ReadValue(parts.Members[i], pair); });
+}
+
+/// A text that fills the array has no NUL behind it; one with a NUL inside would be cut there.
+template<class Source>
+bool CReader<Source>::ReadCharArray(const CForm& form, char* array)
+{
+    if (m_source.Peek() != EventKind::STRING) return WrongKind("a string");
+    const std::size_t begin = m_source.Offset();
+    const std::size_t size = form.ContainerInfor().Size;
+    CText text;
+    if (!m_source.String(text)) return Broken();
+    if (text.Text.size() > size) {
+        Tell(ProblemCode::TOO_MANY_ELEMENTS, begin, m_source.EndOffset(), "at most " + std::to_string(size) + " bytes",
+             std::to_string(text.Text.size()));
+        return true;
+    }
+    if (text.Text.find('\0') != std::string_view::npos) {
+        Tell(ProblemCode::BAD_TEXT, begin, m_source.EndOffset(), "a string without NUL");
+        return true;
+    }
+    if (m_context.Undo != nullptr) m_context.Undo->SaveBytes(array, size);
+    std::memset(array, 0, size);
+    text.Text.copy(array, size);
+    return true;
+}
+
+/// A std::bitset lies in words, the lowest bit first.
+template<class Source>
+bool CReader<Source>::ReadBitset(const CForm& form, char* bits)
+{
+    if (m_source.Peek() != EventKind::STRING) return WrongKind("a string of 0 and 1");
+    const CContainerInfor& infor = form.ContainerInfor();
+    const std::size_t begin = m_source.Offset();
+    const std::size_t count = infor.Count != nullptr ? infor.Count(bits) : 0;
+    CText text;
+    if (!m_source.String(text)) return Broken();
+    if (text.Text.size() != count || text.Text.find_first_not_of("01") != std::string_view::npos) {
+        Tell(ProblemCode::BAD_TEXT, begin, m_source.EndOffset(), std::to_string(count) + " bits, each 0 or 1",
+             ShownText(text.Text));
+        return true;
+    }
+    if (m_context.Undo != nullptr) m_context.Undo->SaveBytes(bits, infor.Size);
+    std::vector<unsigned long> words((count + 63) / 64);
+    for (std::size_t i = 0; i < count; ++i)
+        if (text.Text[count - 1 - i] == '1') words[i / 64] |= 1UL << (i % 64);
+    std::memcpy(bits, words.data(), std::min(words.size() * sizeof(unsigned long), infor.Size));
+    return true;
+}
+
+} // namespace vexa::interchange
+
+#endif

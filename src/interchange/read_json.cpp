@@ -1,0 +1,22 @@
+#include <vexa/detail/interchange.h>
+
+#include "interchange/json_source.h"
+#include "interchange/read_value.h"
+#include "interchange/read_whole.h"
+
+namespace vexa {
+
+namespace interchange {
+
+template class CReader<CJsonSource>;
+
+} // namespace interchange
+
+bool ReadJson(const CRefrence& target, std::string_view text, CReport& report, const CReadPolicy& policy,
+              const detail::CEnumerationSlot* names)
+{
+    interchange::CJsonSource source(text, policy);
+    return interchange::ReadWhole({target.TypeInfor, 0, names}, target.Address, source, text, report, policy);
+}
+
+} // namespace vexa
