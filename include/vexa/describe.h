@@ -104,7 +104,7 @@
         return ::vexa::detail::NamesOfValues(#Type, #__VA_ARGS__,                                                      \
                                              {VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_ENUMERATOR, Type, __VA_ARGS__)});       \
     }
-#define VEXA_DETAIL_ENUMERATOR(Type, name) static_cast<long long>(Type::name),
+#define VEXA_DETAIL_ENUMERATOR(Type, name) ::vexa::detail::NumberOf(Type::name),
 
 /// Inside a class: lets its description reach private members.
 #define VEXA_FRIEND(Type) friend void VexaDescribe(::vexa::CDescription<Type>&)

@@ -109,7 +109,11 @@ inline const detail::CEnumerationSlot* EnumerationOf(const detail::CTypeSource& 
 /// The names of the values of a container's elements; null where they have none.
 const detail::CEnumerationSlot* EnumerationOfElements(const CContainerInfor& infor) noexcept;
 /// The shape of a custom type; null for one that only converts itself.
-const detail::CShape* ShapeOf(const CCustomBasicTypeInfor& infor) noexcept;
+inline const detail::CShape* ShapeOf(const CCustomBasicTypeInfor& infor) noexcept
+{
+    const CFinishedCustom* const finished = FinishedCustom(infor);
+    return finished != nullptr ? finished->Shape : nullptr;
+}
 /// What a class writes for its tag.
 const std::string& TagValueOf(const CClassInfor& infor);
 

@@ -2,7 +2,6 @@
 
 #include "typeinfo/shape.h"
 
-#include "typeinfo/notes.h"
 #include "typeinfo/source_name.h"
 
 namespace vexa::typeinfo {
@@ -16,12 +15,6 @@ std::unique_ptr<CFinishedCustom> MakeShaped(const detail::CShapedType& type)
     made->Shape = &type.Shape;
     made->Mark.Set(detail::CFinishedMark::SHAPE);
     return made;
-}
-
-const detail::CShape* ShapeOf(const CCustomBasicTypeInfor& infor) noexcept
-{
-    const CFinishedCustom* const finished = FinishedCustom(infor);
-    return finished != nullptr ? finished->Shape : nullptr;
 }
 
 } // namespace vexa::typeinfo

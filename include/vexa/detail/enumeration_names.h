@@ -26,6 +26,16 @@ inline constexpr bool HAS_NAMES = false;
 template<class T>
 inline constexpr bool HAS_NAMES<T, true> = decltype(FindsNames<T>(0))::value;
 
+/// As the value is read from an object: char is an unsigned byte.
+template<class T>
+constexpr long long NumberOf(T enumerator)
+{
+    if constexpr (std::is_same_v<std::underlying_type_t<T>, char>)
+        return static_cast<unsigned char>(enumerator);
+    else
+        return static_cast<long long>(enumerator);
+}
+
 /// What that function gives.
 template<std::size_t COUNT>
 struct CEnumerationNames {
