@@ -63,6 +63,8 @@ CNumberChoice ChoiceOf(std::string_view digits)
     if (digits != "-0" && ReadWhole(digits, choice.Signed)) return choice;
     choice.Kind = Form::UNSIGNED;
     if (ReadWhole(digits, choice.Unsigned)) return choice;
+    choice.Kind = Form::DIGITS;
+    if (digits != "-0" && digits.find_first_not_of("-0123456789") == digits.npos) return choice; // a large integer
     char room[NUMBER_ROOM];
     const bool isFloating = ReadWhole(digits, choice.Floating) && IsSameNumber(Shortest(room, choice.Floating), digits);
     choice.Kind = isFloating ? Form::FLOATING : Form::DIGITS;

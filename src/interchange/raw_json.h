@@ -19,8 +19,8 @@
 
 namespace vexa::interchange {
 
-/// What a number's digits are in a format of its own numbers: an integer, a double that is written with the same value,
-/// or else the digits.
+/// What a number's digits are in a format of its own numbers: an integer of 64 bits, a double that is written with the
+/// same value, or else, as for a larger integer, the digits.
 struct CNumberChoice {
     enum class Form : unsigned char { SIGNED, UNSIGNED, FLOATING, DIGITS };
 

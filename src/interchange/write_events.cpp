@@ -76,7 +76,9 @@ std::string CEventWriter::Mended(std::string_view text, const CPathStep& where)
 bool WriteEvents(CEventSink& sink, const CConstRefrence& ref, const CWritePolicy& policy, CReport* report,
                  const detail::CEnumerationSlot* names)
 {
-    interchange::CWriteContext context(policy, report);
+    CWritePolicy bounded = policy;
+    bounded.AllowNan = policy.AllowNan || sink.Abilities().HasNan;
+    interchange::CWriteContext context(bounded, report);
     interchange::CEventWriter writer(sink, context);
     interchange::WriteTop(writer, context, {}, {ref, names});
     return !context.HasProblems();

@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$1"
 
-{ for dir in include src tests examples bench fuzz; do
+{ for dir in include src formats tests examples bench fuzz; do
     if [[ -d $dir ]]; then find "$dir" -type f \( -name '*.h' -o -name '*.cpp' \); fi
 done; } | sort | xargs -r grep -nH '^[[:space:]]*#[[:space:]]*include[[:space:]]*["<]' | awk '
 function complain(text) { print where ": " text; bad = 1 }
@@ -56,7 +56,7 @@ BEGIN {
     floors(4, "text json")
     floors(5, "value table")
     floors(6, "report event policy json_tree detail/interchange")
-    floors(top, "may_null types describe interchange vexa")
+    floors(top, "may_null types describe interchange vexa yaml cbor")
 }
 
 {

@@ -1,0 +1,49 @@
+#ifndef VEXA_YAML_H
+#define VEXA_YAML_H
+
+#include <string>
+#include <string_view>
+
+#include <vexa/interchange.h>
+
+/// \file
+/// Described objects as YAML 1.2, the functions of vexa/interchange.h for that format. They lie in a library of their
+/// own (CMake: ordana::yaml; pkg-config: ordana-yaml), which is there where libyaml was when the package was built.
+///
+/// Plain scalars mean what the core schema says (`~`, `true`, `0x1F`, `.inf`; `yes` and `1_000` are texts), quoted ones
+/// are texts, the tags of the core schema are obeyed and others passed over. A stream has one document. A key is a
+/// scalar, and is given once. An alias stands for what its anchor has: that may amount to CReadPolicy::MaxBytes with
+/// the text itself; without such a bound to 8 MiB or ten times the text, where every event counts 8 bytes more than its
+/// text. A longer one is ProblemCode::TOO_LONG.
+
+namespace vexa {
+
+/// See ReadJson. Bytes that are no UTF-8 are a problem whatever the policy.
+VEXA_API bool ReadYaml(const CRefrence& target, std::string_view text, CReport& report, const CReadPolicy& policy = {},
+                       const detail::CEnumerationSlot* names = nullptr);
+/// See WriteJson. In block style, with CWritePolicy::Indentation blanks a level, two where that is 0. Texts that a
+/// reader of YAML 1.1 or 1.2 would take for something else are quoted.
+VEXA_API bool WriteYaml(std::string& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
+                        CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
+
+template<class T, class = detail::IfObject<T>>
+bool ReadYaml(T& object, std::string_view text, CReport& report, const CReadPolicy& policy = {})
+{
+    return ReadYaml(RefOf(object), text, report, policy, detail::NamesOf<T>());
+}
+template<class T, class = detail::IfObject<T>>
+bool WriteYaml(std::string& out, const T& object, const CWritePolicy& policy = {}, CReport* report = nullptr)
+{
+    return WriteYaml(out, RefOf(object), policy, report, detail::NamesOf<T>());
+}
+template<class T, class = detail::IfObject<T>>
+std::string WriteYaml(const T& object, const CWritePolicy& policy = {}, CReport* report = nullptr)
+{
+    std::string out;
+    WriteYaml(out, RefOf(object), policy, report, detail::NamesOf<T>());
+    return out;
+}
+
+} // namespace vexa
+
+#endif

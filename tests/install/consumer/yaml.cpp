@@ -1,0 +1,30 @@
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <vexa/vexa.h>
+#include <vexa/yaml.h>
+
+namespace game {
+
+struct Player {
+    std::string name;
+    std::vector<int> scores;
+};
+
+VEXA_DESCRIBE(Player, name, scores)
+
+} // namespace game
+
+int main()
+{
+    const game::Player player{"Ada", {3, 5}};
+    game::Player read;
+    vexa::CReport report;
+    if (!vexa::ReadYaml(read, vexa::WriteYaml(player), report)) {
+        std::cerr << report;
+        return 1;
+    }
+    std::cout << vexa::WriteJson(read) << '\n';
+    return 0;
+}
