@@ -78,7 +78,8 @@ bool CEventReader::Look()
 EventKind CEventReader::Peek()
 {
     if (!Look()) return EventKind::END;
-    if (m_event.Kind == EventKind::KEY) {
+    const EventKind kind = m_event.Kind;
+    if (kind == EventKind::KEY || kind == EventKind::END_ARRAY || kind == EventKind::END_OBJECT) {
         Fail(ProblemCode::SYNTAX, "a value");
         return EventKind::END;
     }
@@ -160,10 +161,11 @@ bool CEventReader::CountOne()
 
 bool CEventReader::NextElement()
 {
-    const EventKind kind = Peek();
-    if (m_hasFailed) return false;
+    if (!Look()) return false;
+    const EventKind kind = m_event.Kind;
     if (kind == EventKind::END_ARRAY) return Leave(kind);
-    if (kind == EventKind::END || kind == EventKind::END_OBJECT) return Fail(ProblemCode::SYNTAX, "an element");
+    if (kind == EventKind::END || kind == EventKind::END_OBJECT || kind == EventKind::KEY)
+        return Fail(ProblemCode::SYNTAX, "an element");
     return CountOne();
 }
 

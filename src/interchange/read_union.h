@@ -35,6 +35,12 @@ bool CReader<Source>::ReadUnionMember(CObjectFrame& frame, const CMember& member
         late.Member = &member;
         return Hold(late.Value);
     }
+    return ReadIfActive(frame, member);
+}
+
+template<class Source>
+bool CReader<Source>::ReadIfActive(CObjectFrame& frame, const CMember& member)
+{
     if (!reference::IsActiveWithSelectors(*member.Infor, frame.Object + member.OwnerOffset))
         return Refuse(ProblemCode::INACTIVE_MEMBER);
     m_source.Peek();
@@ -52,14 +58,8 @@ void CReader<Source>::ReadLateMembers(CObjectFrame& frame)
 {
     const std::vector<CLateMember> late = std::move(frame.Late);
     for (const CLateMember& member : late) {
-        const CMember& which = *member.Member;
-        frame.Step.To(which);
-        Replay(member.Value, [&](auto& reader) {
-            if (reference::IsActiveWithSelectors(*which.Infor, frame.Object + which.OwnerOffset))
-                reader.ReadBesideUnions(frame, which);
-            else
-                reader.Refuse(ProblemCode::INACTIVE_MEMBER);
-        });
+        frame.Step.To(*member.Member);
+        Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Member); });
     }
     frame.Step.Kind = StepKind::NONE;
 }

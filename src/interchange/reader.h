@@ -164,6 +164,7 @@ private:
 
     // read_union.h
     bool ReadUnionMember(CObjectFrame& frame, const CMember& member);
+    bool ReadIfActive(CObjectFrame& frame, const CMember& member);
     bool ReadBesideUnions(CObjectFrame& frame, const CMember& member);
     void ReadLateMembers(CObjectFrame& frame);
     bool SelectorMayCome(const CObjectFrame& frame, const CMember& member) const;

@@ -1,0 +1,157 @@
+#include <memory>
+#include <variant>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <vexa/interchange.h>
+#include <vexa/vexa.h>
+
+#include "support/problem_lines.h"
+
+// What a reading may cost: bounds by policy, deep texts, variants in variants; and sources that break their word.
+
+namespace bounds {
+
+struct Node;
+struct Leaf {
+    int value = 0;
+};
+struct Node {
+    std::unique_ptr<Node> next;
+    std::vector<std::variant<Leaf, Node>> inner;
+};
+VEXA_DESCRIBE(Leaf, value)
+VEXA_DESCRIBE(Node, next, inner)
+
+} // namespace bounds
+
+namespace {
+
+template<class T>
+std::string Read(T& value, const std::string& text, const vexa::CReadPolicy& policy = {})
+{
+    return test::ProblemsOf(
+        value, [&](T& object, vexa::CReport& report) { return vexa::ReadJson(object, text, report, policy); });
+}
+
+std::string Nested(std::size_t depth)
+{
+    std::string text;
+    for (std::size_t i = 0; i + 1 < depth; ++i)
+        text += "{\"next\":";
+    text += "{}";
+    return text + std::string(depth - 1, '}');
+}
+
+TEST(ReadBounds, HoldsTheDepth)
+{
+    bounds::Node node;
+    EXPECT_EQ("", Read(node, Nested(1000)));
+    EXPECT_NE(std::string::npos, Read(node, Nested(1001)).find("9 8000+1 "));
+    vexa::CReadPolicy policy;
+    policy.MaxDepth = 2;
+    std::vector<std::vector<std::vector<int>>> deep;
+    EXPECT_EQ("", Read(deep, "[[]]", policy));
+    EXPECT_EQ("9 2+1 1:3", Read(deep, "[[[1]]]", policy).substr(0, 9));
+}
+
+/// Two alternatives that are tried at every level would be 2 to the power of 60 tries.
+TEST(ReadBounds, TriesAlternativesOfAlternativesOnce)
+{
+    std::string text = "{\"value\": 1}";
+    for (int i = 0; i < 60; ++i)
+        text = "{\"inner\": [" + text + "]}";
+    bounds::Node node;
+    EXPECT_EQ("", Read(node, text));
+    const bounds::Node* innermost = &node;
+    int depth = 1;
+    for (; innermost->inner[0].index() == 1; ++depth)
+        innermost = &std::get<1>(innermost->inner[0]);
+    EXPECT_EQ(60, depth);
+    EXPECT_EQ(1, std::get<0>(innermost->inner[0]).value);
+}
+
+/// Events one after the other.
+class CGivenEvents : public vexa::CEventSource {
+public:
+    explicit CGivenEvents(std::vector<vexa::CEvent> events) : m_events(std::move(events)) {}
+    vexa::CFormatAbilities Abilities() const override { return {}; }
+    bool Next(vexa::CEvent& event, vexa::CProblem&) override
+    {
+        if (m_next < m_events.size()) event = m_events[m_next];
+        event.Offset = m_next++;
+        event.Length = 1;
+        return true;
+    }
+
+private:
+    std::vector<vexa::CEvent> m_events;
+    std::size_t m_next = 0;
+};
+
+vexa::CEvent Event(vexa::EventKind kind, std::string_view text = {})
+{
+    vexa::CEvent event;
+    event.Kind = kind;
+    event.Text = text;
+    return event;
+}
+
+std::string ReadGiven(std::vector<vexa::CEvent> events, const vexa::CReadPolicy& policy = {})
+{
+    CGivenEvents source(std::move(events));
+    std::vector<std::string> texts;
+    vexa::CReport report;
+    vexa::ReadEvents(texts, source, report, policy);
+    std::string lines = test::LinesOf(report);
+    for (const std::string& text : texts)
+        lines += text + "|";
+    return lines;
+}
+
+TEST(ReadBounds, HoldsThoseOfThePolicyForEveryFormat)
+{
+    using Kind = vexa::EventKind;
+    const std::vector<vexa::CEvent> events = {Event(Kind::BEGIN_ARRAY), Event(Kind::STRING, "abc"),
+                                              Event(Kind::STRING, "d"), Event(Kind::END_ARRAY)};
+    EXPECT_EQ("abc|d|", ReadGiven(events));
+    vexa::CReadPolicy policy;
+    policy.MaxElements = 1;
+    EXPECT_EQ("10 2+1 0:0 path=[1] pointer=/1 expected=at most 1 elements\nabc|", ReadGiven(events, policy));
+    policy = {};
+    policy.MaxTextLength = 2;
+    EXPECT_EQ("10 1+1 0:0 path=[0] pointer=/0 expected=at most 2 bytes of text\n", ReadGiven(events, policy));
+    policy = {};
+    policy.MaxBytes = 2;
+    EXPECT_EQ("10 2+1 0:0", ReadGiven(events, policy).substr(0, 10));
+    policy = {};
+    policy.MaxDepth = 0;
+    EXPECT_EQ("9 0+1 0:0 expected=at most 0 levels\n", ReadGiven(events, policy));
+}
+
+TEST(ReadBounds, ChecksTheTextsOfEveryFormat)
+{
+    using Kind = vexa::EventKind;
+    const std::vector<vexa::CEvent> events = {Event(Kind::BEGIN_ARRAY), Event(Kind::STRING, "a\xFF"),
+                                              Event(Kind::END_ARRAY)};
+    EXPECT_EQ("8 1+1 0:0", ReadGiven(events).substr(0, 9));
+    vexa::CReadPolicy policy;
+    policy.Text = vexa::BadText::LATIN_1;
+    EXPECT_EQ("a\xC3\xBF|", ReadGiven(events, policy));
+    policy.Text = vexa::BadText::REPLACE;
+    EXPECT_EQ("a\xEF\xBF\xBD|", ReadGiven(events, policy));
+}
+
+TEST(ReadBounds, EndsWhereASourceBreaksItsWord)
+{
+    using Kind = vexa::EventKind;
+    EXPECT_EQ("1 1+1 0:0", ReadGiven({Event(Kind::BEGIN_ARRAY), Event(Kind::END_OBJECT)}).substr(0, 9));
+    EXPECT_EQ("1 1+1 0:0", ReadGiven({Event(Kind::BEGIN_ARRAY), Event(Kind::KEY, "k")}).substr(0, 9));
+    EXPECT_EQ("1 1+1 0:0", ReadGiven({Event(Kind::BEGIN_ARRAY)}).substr(0, 9));
+    EXPECT_EQ("3 2+1 0:0",
+              ReadGiven({Event(Kind::BEGIN_ARRAY), Event(Kind::END_ARRAY), Event(Kind::BOOL)}).substr(0, 9));
+    EXPECT_EQ("1 0+1 0:0", ReadGiven({Event(Kind::END_ARRAY)}).substr(0, 9));
+}
+
+} // namespace
