@@ -27,6 +27,18 @@ inline const char* SkipDigits(const char* next, const char* end) noexcept
     return next != first ? next : nullptr;
 }
 
+/// Whether a number begins so that what std::from_chars takes from it is all of the grammar: no zero too many, and
+/// digits on both sides of a point.
+inline bool IsDecimalBeginning(const char* next, const char* end) noexcept
+{
+    if (next != end && *next == '-') ++next;
+    if (next == end || !IsDigit(*next)) return false;
+    const char* const first = next;
+    next = SkipDigits(next, end);
+    if (*first == '0' && next - first != 1) return false;
+    return next == end || *next != '.' || (end - next > 1 && IsDigit(next[1]));
+}
+
 /// Reads what comes behind the integer digits, if there is something. \return its end; null where it is broken.
 inline const char* ScanFraction(const char* next, const char* end, CNumber& number) noexcept
 {

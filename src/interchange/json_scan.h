@@ -47,6 +47,9 @@ inline constexpr std::array<bool, 256> WORD_PARTS = [] {
 }();
 inline bool IsWordPart(char byte) noexcept { return WORD_PARTS[static_cast<unsigned char>(byte)]; }
 
+/// Whether a byte is neither a blank nor what may begin a comment.
+inline bool IsTokenStart(char byte) noexcept { return byte != '/' && !text::IsBlank(byte); }
+
 /// The bytes with which a string cannot go on as it stands: its end, an escape, a control character, beyond ASCII.
 struct CStringStop {
     static bool Is(char byte) noexcept

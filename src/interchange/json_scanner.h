@@ -108,6 +108,11 @@ public:
 
 protected:
     std::size_t Depth() const noexcept { return m_depth; }
+    void EndToken(const char* end) noexcept
+    {
+        m_window.Next = m_tokenEnd = end;
+        if constexpr (!Input::IS_WHOLE) m_tokenEndOffset = m_window.OffsetOf(end);
+    }
 
     CJsonWindow m_window;
     const CReadPolicy m_policy;
@@ -135,7 +140,13 @@ private:
     bool SkipBlanks()
     {
         const char* const next = m_window.Next;
-        if (__builtin_expect(next != m_window.End && *next != '/' && !text::IsBlank(*next), 1)) return true;
+        if (__builtin_expect(m_window.Left() > 1, 1)) {
+            if (IsTokenStart(*next)) return true;
+            if (*next == ' ' && IsTokenStart(next[1])) {
+                m_window.Next = next + 1;
+                return true;
+            }
+        }
         return SkipBlanksRest();
     }
     bool SkipBlanksRest();
@@ -149,12 +160,6 @@ private:
         m_window.Token = m_window.Next;
         if constexpr (!Input::IS_WHOLE) m_tokenOffset = m_window.OffsetOf(m_window.Next);
     }
-    void EndToken(const char* end) noexcept
-    {
-        m_window.Next = m_tokenEnd = end;
-        if constexpr (!Input::IS_WHOLE) m_tokenEndOffset = m_window.OffsetOf(end);
-    }
-
     bool Enter()
     {
         if (__builtin_expect(m_window.Next == m_window.End || m_depth >= m_policy.MaxDepth, 0)) return FailToEnter();

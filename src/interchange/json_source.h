@@ -1,6 +1,7 @@
 #ifndef VEXA_INTERCHANGE_JSON_SOURCE_H
 #define VEXA_INTERCHANGE_JSON_SOURCE_H
 
+#include <charconv>
 #include <string_view>
 
 #include "interchange/json_scanner.h"
@@ -38,6 +39,19 @@ public:
         m_window.Next = next + written.size();
         m_tokenEnd = m_window.Next - 1;
         m_isFirst = false;
+        return true;
+    }
+
+    /// The double nearest to the number that Peek() has told. \return false where that is no double or no number:
+    /// nothing has happened then, and Number() is to be asked.
+    bool Double(double& value) noexcept
+    {
+        if (!IsDecimalBeginning(m_window.Next, m_window.End)) return false;
+        double nearest = 0;
+        const auto [end, error] = std::from_chars(m_window.Next, m_window.End, nearest);
+        if (error != std::errc() || end == m_window.End || IsWordPart(*end)) return false;
+        value = nearest;
+        EndToken(end);
         return true;
     }
 
