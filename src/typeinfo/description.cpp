@@ -10,7 +10,6 @@
 #include <memory>
 #include <string>
 
-#include <vexa/detail/container_operations.h>
 #include <vexa/detail/vector.h>
 #include <vexa/helper.h>
 

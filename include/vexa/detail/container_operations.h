@@ -21,9 +21,6 @@
 
 namespace vexa::detail {
 
-/// Keeps how the contents of two containers are exchanged, beside the descriptor's fields.
-VEXA_API void SetSwap(CContainerInfor& infor, void (*swap)(void* left, void* right)) noexcept;
-
 /// Frees what raw pointers in a value own, before the container that holds them lets go of them or goes away.
 /// Everything else releases itself.
 template<class T>

@@ -87,6 +87,9 @@ struct CContainerRecord {
     CTypeSource Element;
 };
 
+/// Keeps how the contents of two containers are exchanged, beside the descriptor's fields.
+VEXA_API void SetSwap(CContainerInfor& infor, void (*swap)(void* left, void* right)) noexcept;
+
 struct CContainerSlot : CSlot {
     constexpr explicit CContainerSlot(const CContainerRecord& record) noexcept
         : CSlot(SlotForm::CONTAINER), Record(record)
