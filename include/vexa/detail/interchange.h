@@ -35,11 +35,17 @@ VEXA_API bool ReadJson(const CRefrence& target, const InputFunction& input, CRep
 VEXA_API bool ReadEvents(const CRefrence& target, CEventSource& source, CReport& report, const CReadPolicy& policy = {},
                          const detail::CEnumerationSlot* names = nullptr);
 
-/// Writes an object as one JSON value. What has no form is `null` and a problem. \return whether there was none.
+/// Writes an object as one JSON value, in place of what \p out holds, which must not be part of the object. What has no
+/// form is `null` and a problem. Floating values have the shortest digits that read back equal, with `.0` where they
+/// would be taken for integers. \return whether there was no problem. Throws std::bad_alloc; \p out is then empty.
 VEXA_API bool WriteJson(std::string& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
                         CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
+/// The same in pieces of 16 KiB at most. Where \p out gives false, nothing more is written, and the result is false;
+/// what it throws comes through.
 VEXA_API bool WriteJson(const OutputFunction& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
                         CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
+/// The same in any format. The sink is told the sizes of containers, and of objects of which every attribute is
+/// written; other sizes are unknown. NaN and the infinities come as Floating() where the policy allows them.
 VEXA_API bool WriteEvents(CEventSink& sink, const CConstRefrence& ref, const CWritePolicy& policy = {},
                           CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
 
