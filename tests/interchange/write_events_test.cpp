@@ -132,6 +132,19 @@ private:
     std::string m_key;
 };
 
+/// The text of a float has only the digits that a float needs; an event has its double.
+bool IsSame(const Json& left, const Json& right)
+{
+    if (left.is_number_float() && right.is_number_float())
+        return left == right || left.get<float>() == right.get<float>();
+    if (left.is_structured() && left.type() == right.type() && left.size() == right.size()) {
+        for (auto at = left.begin(), other = right.begin(); at != left.end(); ++at, ++other)
+            if ((left.is_object() && at.key() != other.key()) || !IsSame(*at, *other)) return false;
+        return true;
+    }
+    return left == right;
+}
+
 template<class T>
 void ExpectOneValue(const T& object)
 {
@@ -139,8 +152,14 @@ void ExpectOneValue(const T& object)
     std::string text;
     const bool isRight = vexa::WriteJson(text, object, {}, &report);
     ASSERT_EQ(isRight, report.IsEmpty());
-    const Json value = Json::parse(text, nullptr, false);
-    ASSERT_FALSE(value.is_discarded()) << text;
+    Json value;
+    try {
+        value = Json::parse(text);
+    } catch (const Json::out_of_range&) {
+        return; // a long double, where the parser has doubles only
+    } catch (const Json::parse_error& error) {
+        FAIL() << error.what() << "\n" << text;
+    }
 
     std::string pieces;
     vexa::WriteJson([&](std::string_view piece) { return pieces += piece, true; }, object);
@@ -162,7 +181,7 @@ void ExpectOneValue(const T& object)
 
     CBuilder builder;
     ASSERT_EQ(vexa::WriteEvents(builder, object), isRight);
-    ASSERT_EQ(builder.Value, value);
+    ASSERT_TRUE(IsSame(builder.Value, value)) << builder.Value << "\n" << value;
 }
 
 TEST(WriteEvents, randomObjectsAreOneValueInEveryWay)

@@ -132,19 +132,21 @@ void RunOnStack(std::size_t bytes, std::function<void()> function)
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__OPTIMIZE__)
 constexpr std::size_t STACK = 4096 * 1024; // their frames are larger
 #else
-constexpr std::size_t STACK = 512 * 1024;
+constexpr std::size_t STACK = 256 * 1024;
 #endif
 
 TEST(WriteOutput, thousandLevelsFitASmallStack)
 {
     Node top;
     Node* node = &top;
-    for (int i = 1; i < 1000; ++i) {
-        if (i % 2 == 0)
-            node = (node->next = std::make_unique<Node>()).get();
-        else
+    // The last one has an array, which is a level.
+    for (int levels = 1; levels < 999;) {
+        const bool isElement = levels % 3 != 0 && levels < 998; // a level for the array, too
+        if (isElement)
             node = &node->children.emplace_back();
-        if (i % 2 != 0) ++i; // a level for the array
+        else
+            node = (node->next = std::make_unique<Node>()).get();
+        levels += isElement ? 2 : 1;
     }
     RunOnStack(STACK, [&top] {
         CReport report;
@@ -173,7 +175,7 @@ TEST(WriteOutput, reportsAreArraysOfProblems)
     report.Add(problem);
     EXPECT_EQ(
         WriteJson(report),
-        R"([{"code":22,"name":"UNKNOWN_KEY","message":"shop::Order has no attribute \"zpi\"; did you mean \"zip\"?",)"
+        R"([{"code":24,"name":"UNKNOWN_KEY","message":"shop::Order has no attribute \"zpi\"; did you mean \"zip\"?",)"
         R"("offset":12,"length":5,"line":2,"column":3,"path":"orders[2]","pointer":"/orders/2",)"
         R"("class":"shop::Order","attribute":"zpi","expected":null,"found":null,"nearest":"zip","excerpt":null,)"
         R"("second":null},{"code":8,"name":"BAD_UTF8","message":"this is not UTF-8","offset":null,"length":null,)"
