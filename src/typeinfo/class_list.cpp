@@ -47,9 +47,9 @@ Classes::iterator Erase(Classes::iterator listed) noexcept
 
 void List(const CClassInfor& infor, const void* place)
 {
-    if (QualifiedNameOf(infor).empty()) return;
     const helper::CLockGuard lock;
     if (s_classes == nullptr) s_classes = new Classes();
+    if (QualifiedNameOf(infor).empty()) return;
     s_classes->emplace(QualifiedNameOf(infor), CListed{&infor, place});
     if (StandsForOthers(infor)) ++s_generation;
 }

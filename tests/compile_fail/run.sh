@@ -3,12 +3,14 @@
 # The source's first line says what each compiler must do:
 #   // expect: <text>   refuse the file, with <text> standing whole in its messages
 #   // expect-ok        accept it
+# A second line, // flags: <flags>, adds to the compiler's flags.
 # A compiler that is not installed, or is listed twice, is passed over; at least one must be there.
 set -euo pipefail
 
 include_dir=$1 source=$2
 shift 2
 first_line=$(head -n 1 "$source")
+read -r -a flags <<< "$(sed -n '2s|^// flags: ||p' "$source")"
 declare -A done_compilers=()
 failures=0
 
@@ -24,7 +26,7 @@ for compiler in "$@"; do
     done_compilers[$path]=1
 
     status=0
-    output=$("$compiler" -std=c++17 -fsyntax-only -fmessage-length=0 -I"$include_dir" "$source" 2>&1) || status=$?
+    output=$("$compiler" -std=c++17 -fsyntax-only -fmessage-length=0 "${flags[@]}" -I"$include_dir" "$source" 2>&1) || status=$?
     case $first_line in
         '// expect: '?*)
             expected=${first_line#// expect: }
