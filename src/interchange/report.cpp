@@ -29,6 +29,7 @@ void AppendPlace(std::string& out, const std::string& name, const CTextPlace& pl
 const char* SecondNote(ProblemCode code)
 {
     switch (code) {
+    case ProblemCode::UNEXPECTED_END: return "it begins here";
     case ProblemCode::DUPLICATE_KEY: return "first given here";
     case ProblemCode::MISSING_KEY:
     case ProblemCode::MISSING_TAG:

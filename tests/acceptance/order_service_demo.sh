@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Usage: order_service_demo.sh <the demonstration program> <directory of the output expected>
+# Writes each difference; the exit code tells whether there was one.
+set -uo pipefail
+demo=$1
+expected=$2/expected_output.txt
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+status=0
+
+complain() {
+    echo "$*"
+    status=1
+}
+
+# run <exit code expected> [argument]...: leaves the output in $work/out and $work/err.
+run() {
+    local expected_code=$1 code=0
+    shift
+    "$demo" "$@" > "$work/out" 2> "$work/err" || code=$?
+    [[ $code -eq $expected_code ]] || complain "exit code $code instead of $expected_code for: $*"
+}
+
+# What is written does not depend on where it is run.
+TZ=Asia/Tokyo run 0
+diff "$expected" "$work/out" || complain "other output than expected"
+[[ ! -s $work/err ]] || complain "errors: $(cat "$work/err")"
+if grep -q 4111111111111111 "$work/out"; then complain "a confidential value is shown"; fi
+
+run 2 unexpected
+grep -q '^Usage: ' "$work/err" || complain "no usage told"
+
+exit "$status"
