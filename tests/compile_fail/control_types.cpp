@@ -16,8 +16,15 @@ struct Whole {
     std::chrono::time_point<std::chrono::system_clock, std::chrono::duration<float, std::ratio<3, 7>>> time;
     std::vector<std::vector<bool>> rows;
     std::deque<std::atomic<int>> counters;
+    std::vector<std::atomic<int>> fixedCounters;
     signed char bytes[3];
+    const std::optional<int> constant;
+    vexa::MayNull<std::tuple<int>> maybe;
+    std::unique_ptr<std::shared_ptr<Part>> shared;
+    const std::optional<int>* seen = nullptr;
+    std::optional<const Part> fixed;
 };
-VEXA_DESCRIBE(Whole, text, part, parts, time, rows, counters, bytes)
+VEXA_DESCRIBE(Whole, text, part, parts, time, rows, counters, fixedCounters, bytes, constant, maybe, shared, seen,
+              fixed)
 
 } // namespace app

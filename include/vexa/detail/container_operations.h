@@ -3,7 +3,9 @@
 
 #include <bitset>
 #include <cstddef>
+#include <deque>
 #include <iterator>
+#include <list>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -111,10 +113,14 @@ void FillClear(CContainerInfor& infor)
 template<class Container>
 void FillSwap(CContainerInfor& infor)
 {
-    SetSwap(infor, [](void* left, void* right) {
-        static_cast<Container*>(left)->swap(*static_cast<Container*>(right));
-    });
+    SetSwap(infor,
+            [](void* left, void* right) { static_cast<Container*>(left)->swap(*static_cast<Container*>(right)); });
 }
+
+/// Whether elements stay where they are when others come.
+template<class Container>
+inline constexpr bool KEEPS_PLACES =
+    IS_SPECIALIZATION<Container, std::list> || IS_SPECIALIZATION<Container, std::deque>;
 
 template<class Container>
 struct CSequenceOperations {
@@ -123,7 +129,9 @@ struct CSequenceOperations {
         CWalkOperations<Container>::Fill(infor);
         FillClear<Container>(infor);
         FillSwap<Container>(infor);
-        if constexpr (std::is_default_constructible_v<typename Container::value_type>) {
+        using Element = typename Container::value_type;
+        constexpr bool CAN_BE_HELD = KEEPS_PLACES<Container> || std::is_move_constructible_v<Element>;
+        if constexpr (std::is_default_constructible_v<Element> && CAN_BE_HELD) {
             infor.Append = [](void* container) -> void* {
                 return std::addressof(static_cast<Container*>(container)->emplace_back());
             };
