@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <vexa/interchange.h>
+#include <vexa/json_tree.h>
 #include <vexa/vexa.h>
 
 #include "support/problem_lines.h"
@@ -25,6 +26,7 @@ struct Server {
     std::vector<int> ids;
     Limits limits;
     std::string password;
+    std::map<std::string, vexa::CRawJson> others;
 };
 VEXA_DESCRIBE_CLASS(Limits)
 {
@@ -40,6 +42,7 @@ VEXA_DESCRIBE_CLASS(Server)
     about.Attrib("ids", &Server::ids).Length(1, 2);
     about.Attrib("limits", &Server::limits).Flatten();
     about.Attrib("password", &Server::password).Masked();
+    about.Attrib("others", &Server::others).KeepsUnknown();
 }
 
 struct Shape {
@@ -94,9 +97,18 @@ std::string Read(T& value, const std::string& text, const vexa::CReadPolicy& pol
 TEST(ReadNotes, TakesKeysAliasesAndFlattenedMembers)
 {
     noted::Server server;
-    EXPECT_EQ("", Read(server, R"({"port_no": 80, "host": "h", "low": 3, "high": 4 })"));
+    EXPECT_EQ("", Read(server, R"({"port_no": 80, "host": "h", "low": 3, "high": 4, "x": {"y": [1]}, "z": null})"));
     EXPECT_EQ(80, server.port);
     EXPECT_EQ(3, server.limits.low);
+    ASSERT_EQ(2U, server.others.size());
+    EXPECT_EQ("{\"y\": [1]}", server.others["x"].Text());
+    EXPECT_EQ("", Read(server, R"({"serverPort": 80, "w": 1})"));
+    EXPECT_EQ(1U, server.others.size()) << "those of one object";
+    vexa::CReadPolicy policy;
+    policy.Unknown = vexa::UnknownKeys::PROBLEM;
+    EXPECT_EQ("24 19+3 1:20 class=noted::Server attrib=x excerpt=\"x\" (token)\n",
+              Read(server, R"({"serverPort": 80, "x": 2})", policy));
+    EXPECT_EQ(1U, server.others.size());
 }
 
 TEST(ReadNotes, HoldsBoundsAndRequirements)

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <vexa/interchange.h>
+#include <vexa/json_tree.h>
 #include <vexa/vexa.h>
 
 // After a problem in a transactional reading every object is as it was, those that cannot be copied too.
@@ -49,10 +50,12 @@ struct Whole {
     vexa::CValue value;
     vexa::CRow row;
     vexa::CTable table;
+    vexa::CRawJson raw;
+    vexa::CJsonTree tree;
 };
 VEXA_DESCRIBE(Part, number, text)
 VEXA_DESCRIBE(Whole, number, real, text, numeric, bytes, time, wrapped, part, none, parts, owned, list, deque, set, map,
-              hashed, fixed, code, bits, maybe, shared, either, flags, tuple, counter, value, row, table)
+              hashed, fixed, code, bits, maybe, shared, either, flags, tuple, counter, value, row, table, raw, tree)
 
 } // namespace undone
 
@@ -65,14 +68,14 @@ constexpr char FIRST[] = R"({"number": 1, "real": 1.5, "text": "a text that is t
     "hashed": {"1": "one", "2": "two"}, "fixed": [{"number": 7}, {"text": "f"}], "code": "code",
     "bits": "1000000000000000000000000000000000000000000000000000000000000000000001", "maybe": "some",
     "shared": {"number": 8}, "either": "e", "flags": [true, false], "tuple": [9, "t"], "counter": 10, "value": "v",
-    "row": [1, "two"], "table": [{"a": 1}, {"b": "2"}]})";
+    "row": [1, "two"], "table": [{"a": 1}, {"b": "2"}], "raw": {"r" : 1}, "tree": [1, {"t": 2}]})";
 constexpr char SECOND[] = R"({"number": 91, "real": 91.5, "text": "t", "numeric": 9, "bytes": "AAAA", "time": null,
     "wrapped": null, "part": {"number": 93, "text": "P"}, "none": {"number": 1}, "parts": [{}], "owned": [],
     "list": [], "deque": [9], "set": ["z"], "map": {"k": {"number": 96}, "z": {}}, "hashed": {"7": "seven"},
     "fixed": [{"text": "97"}, {"number": 98}], "code": "c",
     "bits": "0000000000000000000000000000000000000000000000000000000000000000000000", "maybe": null,
     "shared": {"number": 98}, "either": 5, "flags": [], "tuple": [99, "T"], "counter": 910, "value": 1,
-    "row": [], "table": [])";
+    "row": [], "table": [], "raw": null, "tree": null)";
 
 TEST(ReadUndo, LeavesTheObjectAsItWas)
 {
