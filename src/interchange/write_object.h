@@ -40,7 +40,7 @@ CWritingWalk<Sink>::Tagged(Cursor at, const CClassInfor& base, const char* objec
     return Class(at, infor, static_cast<const char*>(whole), outer, isReached, TagOf(base));
 }
 
-/// The entries in the order in which they are written.
+/// The entries, in the order in which they are written where they are not sorted.
 template<class Sink>
 template<class Use>
 void CWritingWalk<Sink>::ForEachEntry(const CClassForm& form, const char* object, const std::string* tag, Use use)
@@ -70,8 +70,35 @@ __attribute__((noinline)) typename Sink::Cursor CWritingWalk<Sink>::NotedObject(
 {
     if (m_context.Policy().SortKeys) return SortedObject(at, form, object, frame, tag);
     at = m_sink.BeginObject(at, CEvent::UNKNOWN_SIZE);
-    ForEachEntry(form, object, tag, [&](const CEntry& entry) { at = Entry(at, entry, form, object, frame, tag); });
+    if (tag != nullptr) at = Entry(at, CEntry{*tag}, form, object, frame, tag);
+    for (const CMember& member : form.Members) {
+        if (IsLeftOut(form, member, object)) continue;
+        const bool isKeeper = member.Number == form.Keeper;
+        at = isKeeper ? KeptEntries(at, member, form, object, frame, tag) : Attribute(at, member, object, frame);
+    }
     return m_sink.EndObject(at);
+}
+
+template<class Sink>
+__attribute__((noinline)) typename Sink::Cursor
+CWritingWalk<Sink>::KeptEntries(Cursor at, const CMember& keeper, const CClassForm& form, const char* object,
+                                CWriteFrame& frame, const std::string* tag)
+{
+    const char* const map = keeper.Value(object);
+    if (map == nullptr) return at;
+    for (const CConstRefrence& pair : ContainerAt(keeper, map))
+        at = Kept(at, KeptEntry(keeper, static_cast<const char*>(pair.Address)), form, frame, tag);
+    return at;
+}
+
+template<class Sink>
+__attribute__((always_inline)) inline typename Sink::Cursor
+CWritingWalk<Sink>::Attribute(Cursor at, const CMember& member, const char* object, CWriteFrame& frame)
+{
+    frame.To(member);
+    at = m_sink.Key(at, member, frame);
+    const bool isMasked = member.IsMasked && m_context.Policy().Masked == MaskedValues::MASK;
+    return isMasked ? m_sink.Plain(at, MASK_TEXT) : Holder(at, member, object, frame);
 }
 
 template<class Sink>
@@ -96,10 +123,7 @@ typename Sink::Cursor CWritingWalk<Sink>::Entry(Cursor at, const CEntry& entry, 
     if (entry.Member == nullptr)
         return m_sink.Text(m_sink.Key(at, entry.Key, frame), typeinfo::TagValueOf(*form.Infor), frame);
     if (entry.Kept != nullptr) return Kept(at, entry, form, frame, tag);
-    frame.To(*entry.Member);
-    at = m_sink.Key(at, *entry.Member, frame);
-    const bool isMasked = entry.Member->IsMasked && m_context.Policy().Masked == MaskedValues::MASK;
-    return isMasked ? m_sink.Plain(at, MASK_TEXT) : Holder(at, *entry.Member, object, frame);
+    return Attribute(at, *entry.Member, object, frame);
 }
 
 /// A kept key that the class has meanwhile would stand there twice.

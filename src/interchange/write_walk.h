@@ -202,6 +202,9 @@ private:
     CEntry KeptEntry(const CMember& keeper, const char* pair);
     Cursor Entry(Cursor at, const CEntry& entry, const CClassForm& form, const char* object, CWriteFrame& frame,
                  const std::string* tag);
+    Cursor Attribute(Cursor at, const CMember& member, const char* object, CWriteFrame& frame);
+    Cursor KeptEntries(Cursor at, const CMember& keeper, const CClassForm& form, const char* object, CWriteFrame& frame,
+                       const std::string* tag);
     Cursor Kept(Cursor at, const CEntry& entry, const CClassForm& form, CWriteFrame& frame, const std::string* tag);
     bool IsLeftOut(const CClassForm& form, const CMember& member, const char* object);
     bool IsNull(const CForm& form, const char* holder);
