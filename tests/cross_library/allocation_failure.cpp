@@ -52,6 +52,8 @@ VEXA_DESCRIBE_CLASS(WholeWithLongName)
 {
     about.Base<TaggedWithLongName>();
     about.Base<BaseWithLongName>();
+    about.KeyStyle(vexa::KeyStyle::KEBAB);
+    about.Check([](const WholeWithLongName&) { return true; }, "what is wrong with the whole");
     about.Attrib("partHeldByValue", &WholeWithLongName::partHeldByValue).ID(100);
     about.Attrib("partsInAVector", &WholeWithLongName::partsInAVector).ID(3);
     about.Attrib("partsByTheirName", &WholeWithLongName::partsByTheirName);
@@ -61,7 +63,10 @@ VEXA_DESCRIBE_CLASS(WholeWithLongName)
 VEXA_DESCRIBE(TaggedWithLongName, kindOfTheTaggedThing)
 VEXA_DESCRIBE_CLASS(BaseWithLongName)
 {
-    about.Attrib("beforeTheKindOfTheBase", &BaseWithLongName::beforeTheKindOfTheBase);
+    about.Tag("theTagOfTheBaseWithLongName");
+    about.Attrib("beforeTheKindOfTheBase", &BaseWithLongName::beforeTheKindOfTheBase)
+        .Key("theKeyOfTheFirstAttribute")
+        .Alias("anotherKeyOfTheFirstAttribute");
     about.Attrib("kindOfTheTaggedThing", &BaseWithLongName::kindOfTheTaggedThing);
     about.Attrib("codeOfTheBaseThing", &BaseWithLongName::codeOfTheBaseThing).ActiveWhen("kindOfTheTaggedThing", 0);
     about.Attrib("rateOfTheBaseThing", &BaseWithLongName::rateOfTheBaseThing).ActiveWhen("kindOfTheTaggedThing", 1);
@@ -128,10 +133,12 @@ std::string NamesOf(const vexa::CClassInfor& infor)
 {
     std::string names = infor.Name + ':';
     for (const vexa::CAttribInfor& record : infor.AttribList)
-        names += ' ' + record.Name + '@' + std::to_string(record.Offset) + '=' + record.TypeInfor.TypeName();
+        names += ' ' + record.Name + '@' + std::to_string(record.Offset) + '=' + record.TypeInfor.TypeName() + '/' +
+                 vexa::MetadataOf(infor, record).Key;
     for (const auto& [flatName, entry] : infor.FlatAttribMap)
         names += ' ' + flatName;
-    return names + '\n';
+    const vexa::CClassInfor* const found = vexa::FindClass(vexa::QualifiedNameOf(infor));
+    return names + ' ' + vexa::MetadataOf(infor).TagValue + (found == &infor ? "" : " is not found") + '\n';
 }
 
 void UseWhole() { vexa::ClassInforOf<WholeWithLongName>(); }
