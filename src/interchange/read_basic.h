@@ -77,8 +77,12 @@ inline bool CReader<Source>::ReadString(std::string& string)
     if (m_source.Peek() != EventKind::STRING) return WrongKind("a string");
     CText text;
     if (!m_source.String(text)) return Broken();
-    if (m_context.Undo != nullptr) m_context.Undo->SaveString(string);
-    string.assign(text.Text.data(), text.Text.size());
+    if (string.empty() && text.Text.empty()) return true;
+    if (__builtin_expect(m_context.Undo != nullptr, 0)) m_context.Undo->SaveString(string);
+    if (string.empty()) // as in every new object: appending to nothing costs least
+        string.append(text.Text.data(), text.Text.size());
+    else
+        string.assign(text.Text.data(), text.Text.size());
     return true;
 }
 

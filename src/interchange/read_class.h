@@ -37,7 +37,11 @@ inline std::uint32_t FirstOf(std::size_t offset) noexcept
 template<class Source>
 bool CReader<Source>::ReadClass(const CClassInfor& infor, char* object, std::string_view tag)
 {
-    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
+    if (__builtin_expect(m_source.Peek() != EventKind::BEGIN_OBJECT, 0)) {
+        // What stands for an object with confidential attributes may be one of them.
+        const bool isHidden = m_context.Forms.Of(infor).HasMasked;
+        return WrongKind("an object", isHidden ? Secrecy::HIDDEN : Secrecy::VALUE);
+    }
     const std::size_t brace = m_source.Offset();
     if (!m_source.EnterObject()) return Broken();
     return ReadRest({&infor, object, false}, brace, tag);
@@ -59,6 +63,16 @@ bool CReader<Source>::ReadRest(const CWholeObject& whole, std::size_t brace, std
     return true;
 }
 
+/// Steps onto the next key if it is written just like the member's; nothing has happened otherwise.
+template<class Source>
+inline bool CReader<Source>::NextKeyIs([[maybe_unused]] const CMember& member)
+{
+    if constexpr (!std::is_same_v<Source, CEventReader>)
+        return m_source.NextKeyIs(member.JsonKey);
+    else
+        return false;
+}
+
 /// The key that comes next in the class is the most likely one.
 template<class Source>
 bool CReader<Source>::ReadKeys(CObjectFrame& frame)
@@ -67,8 +81,12 @@ bool CReader<Source>::ReadKeys(CObjectFrame& frame)
     const CMember* next = form.Members.data();
     const CMember* const end = next + form.Members.size();
     CText key;
-    while (m_source.NextKey(key)) {
-        const CMember* const member = next != end && key.Text == next->Key ? next : form.Find(key.Text);
+    for (;;) {
+        const CMember* member = next;
+        if (__builtin_expect(next == end || !NextKeyIs(*next), 0)) {
+            if (!m_source.NextKey(key)) break;
+            if (next == end || key.Text != next->Key) member = form.Find(key.Text);
+        }
         if (__builtin_expect(member == nullptr, 0)) {
             frame.Step.Kind = StepKind::NONE;
             if (!TakeUnknownKey(frame, key)) return false;
@@ -78,6 +96,7 @@ bool CReader<Source>::ReadKeys(CObjectFrame& frame)
         frame.Step.To(*member);
         if (!ReadMember(frame, *member)) return false;
     }
+    frame.Step.Kind = StepKind::NONE;
     return !m_source.HasFailed() || Broken();
 }
 
@@ -91,7 +110,10 @@ inline bool CReader<Source>::ReadMember(CObjectFrame& frame, const CMember& memb
     }
     first = FirstOf(m_source.Offset());
     if (__builtin_expect(frame.Form.HasNotes || frame.Form.HasUnions, 0)) return ReadNotedMember(frame, member);
-    return ReadValue(member, frame.Object);
+    const bool isPlain = member.Kind == FormKind::BASIC && member.How == Held::DIRECT && !member.IsConst;
+    if (isPlain && member.Code == Enum::DT_STD_STRING) // the most usual of all
+        return ReadString(*reinterpret_cast<std::string*>(frame.Object + member.ValueOffset));
+    return isPlain ? ReadBasic(member, frame.Object + member.ValueOffset) : ReadValue(member, frame.Object);
 }
 
 template<class Source>

@@ -20,6 +20,7 @@ bool CReader<Source>::ReadMap(const CForm& form, char* container)
     CText key;
     while (m_source.NextKey(key))
         if (!ReadMapEntry(form, container, key, path.Step)) return false;
+    path.Step.Kind = StepKind::NONE; // the last key is gone
     return !m_source.HasFailed() || Broken();
 }
 

@@ -42,14 +42,17 @@ __attribute__((cold, noinline)) void CReader<Source>::Tell(ProblemCode code, std
 
 /// Passes over the next value, which is not what is expected.
 template<class Source>
-__attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expected)
+__attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expected, Secrecy secrecy)
 {
     const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     if (m_source.HasFailed() || !m_source.Skip()) return Broken();
     const bool isLong = kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT;
-    Tell(kind == EventKind::NULL_VALUE ? ProblemCode::NULL_NOT_ALLOWED : ProblemCode::WRONG_KIND, begin,
-         isLong ? begin + 1 : m_source.EndOffset(), std::move(expected), std::string(PhraseOf(kind)));
+    CProblem problem;
+    problem.Code = kind == EventKind::NULL_VALUE ? ProblemCode::NULL_NOT_ALLOWED : ProblemCode::WRONG_KIND;
+    problem.Expected = std::move(expected);
+    problem.Found = PhraseOf(kind);
+    Tell(std::move(problem), begin, isLong ? begin + 1 : m_source.EndOffset(), secrecy);
     return true;
 }
 

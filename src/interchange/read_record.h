@@ -54,7 +54,9 @@ bool CReader<Source>::TakeScalar(CValue& value, bool& isTaken)
     }
     CNumber number;
     if (!m_source.Number(number)) return Broken();
-    const bool isInteger = number.Kind == CNumber::Form::INTEGER;
+    const bool isInteger =
+        number.Kind == CNumber::Form::INTEGER ||
+        (number.Kind == CNumber::Form::DIGITS && number.Digits.find_first_of(".eE") == std::string_view::npos);
     long whole = 0;
     unsigned long big = 0;
     double floating = 0;

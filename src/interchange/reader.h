@@ -108,7 +108,7 @@ private:
     bool Broken();
     void Tell(CProblem problem, std::size_t begin, std::size_t end, Secrecy secrecy = Secrecy::VALUE);
     void Tell(ProblemCode code, std::size_t begin, std::size_t end, std::string expected = {}, std::string found = {});
-    bool WrongKind(std::string expected);
+    bool WrongKind(std::string expected, Secrecy secrecy = Secrecy::VALUE);
     bool Refuse(ProblemCode code, std::string expected = {});
     bool TellNumber(NumberVerdict verdict, const CNumber& number, std::size_t begin, std::string range);
 
@@ -151,6 +151,7 @@ private:
     // read_class.h
     bool ReadClass(const CClassInfor& infor, char* object, std::string_view tag = {});
     bool ReadKeys(CObjectFrame& frame);
+    bool NextKeyIs(const CMember& member);
     bool ReadMember(CObjectFrame& frame, const CMember& member);
     bool ReadNotedMember(CObjectFrame& frame, const CMember& member);
     bool TakeUnknownKey(CObjectFrame& frame, const CText& key);
