@@ -165,7 +165,14 @@ inline void Fill(Filler& filler, vexa::CRawJson& raw)
 }
 inline bool Same(Comparison& comparison, const vexa::CRawJson& left, const vexa::CRawJson& right)
 {
-    return comparison.Expect(left.Text() == right.Text(), left.Text() + " and " + right.Text());
+    const auto value = [](const vexa::CRawJson& raw) {
+        vexa::CJsonTree tree;
+        vexa::CReport report;
+        tree.Parse(raw.Text(), report);
+        return tree;
+    };
+    const bool isSame = comparison.KeepsDigits() ? left.Text() == right.Text() : value(left) == value(right);
+    return comparison.Expect(isSame, left.Text() + " and " + right.Text());
 }
 inline void Fill(Filler& filler, vexa::CJsonTree& tree)
 {
@@ -174,6 +181,7 @@ inline void Fill(Filler& filler, vexa::CJsonTree& tree)
 }
 inline bool Same(Comparison& comparison, const vexa::CJsonTree& left, const vexa::CJsonTree& right)
 {
+    if (!comparison.KeepsDigits()) return comparison.Expect(left == right, left.AsJson() + " and " + right.AsJson());
     const bool isSame = left.Kind() == right.Kind() && left.AsBool() == right.AsBool() &&
                         left.AsText() == right.AsText() && left.AsDigits() == right.AsDigits();
     if (!comparison.Expect(isSame && left.Size() == right.Size())) return false;

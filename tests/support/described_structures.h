@@ -14,7 +14,7 @@ struct Point {
 };
 VEXA_DESCRIBE(Point, x, y)
 
-/// A union whose selector stands behind one of its members.
+/// Two unions, each with a selector.
 struct Choice {
     union {
         int number;
@@ -22,6 +22,7 @@ struct Choice {
         int numbers[2];
     };
     short kind = 0;
+    unsigned char form = 0;
     union {
         Point point;
         unsigned char byte;
@@ -36,30 +37,34 @@ VEXA_DESCRIBE_CLASS(Choice)
     about.Attrib("real", &Choice::real).ActiveWhen("kind", 1);
     about.Attrib("numbers", &Choice::numbers).ActiveWhen("kind", 2);
     about.Attrib("text", &Choice::text);
-    about.Attrib("point", &Choice::point).ActiveWhen("kind", 1);
-    about.Attrib("byte", &Choice::byte).ActiveWhen("kind", 2);
+    about.Attrib("form", &Choice::form);
+    about.Attrib("point", &Choice::point).ActiveWhen("form", 11);
+    about.Attrib("byte", &Choice::byte).ActiveWhen("form", 12);
 }
-/// Calls \p f with the name and the pointer of each member that the selector makes active.
+/// Calls \p f with the name and the pointer of each member that the selectors make active.
 template<class F>
-bool ForEachActive(short kind, F f)
+bool ForEachActive(const Choice& choice, F f)
 {
-    bool isGood = f("kind", &Choice::kind);
-    if (kind == 0) isGood = isGood && f("number", &Choice::number);
-    if (kind == 1) isGood = isGood && f("real", &Choice::real) && f("point", &Choice::point);
-    if (kind == 2) isGood = isGood && f("numbers", &Choice::numbers) && f("byte", &Choice::byte);
-    return isGood && f("text", &Choice::text);
+    bool isGood = f("kind", &Choice::kind) && f("form", &Choice::form) && f("text", &Choice::text);
+    if (choice.kind == 0) isGood = isGood && f("number", &Choice::number);
+    if (choice.kind == 1) isGood = isGood && f("real", &Choice::real);
+    if (choice.kind == 2) isGood = isGood && f("numbers", &Choice::numbers);
+    if (choice.form == 11) isGood = isGood && f("point", &Choice::point);
+    if (choice.form == 12) isGood = isGood && f("byte", &Choice::byte);
+    return isGood;
 }
 inline void Fill(Filler& filler, Choice& choice)
 {
     choice.kind = static_cast<short>(filler.Below(4));
-    ForEachActive(choice.kind, [&](const char* name, auto member) {
-        if (std::string(name) != "kind") Fill(filler, choice.*member);
+    choice.form = static_cast<unsigned char>(10 + filler.Below(4));
+    ForEachActive(choice, [&](const std::string& name, auto member) {
+        if (name != "kind" && name != "form") Fill(filler, choice.*member);
         return true;
     });
 }
 inline bool Same(Comparison& comparison, const Choice& left, const Choice& right)
 {
-    return ForEachActive(left.kind, [&](const char* name, auto member) {
+    return ForEachActive(left, [&](const char* name, auto member) {
         return comparison.Inside(name, [&] { return Same(comparison, left.*member, right.*member); });
     });
 }

@@ -300,24 +300,45 @@ inline bool Agrees(Comparison& comparison, const Json& json, const Dog& dog)
 }
 inline bool Agrees(Comparison& comparison, const Json& json, const Circle& circle)
 {
-    return AgreesTagged(comparison, json, {"kind", "label", "radius"}, "circle", circle.label, circle.radius);
+    return AgreesMembers(comparison, json, {"label", "radius"}, std::tie(circle.label, circle.radius));
 }
 inline bool Agrees(Comparison& comparison, const Json& json, const Drawing& drawing)
 {
-    return AgreesTagged(comparison, json, {"kind", "label", "inside", "figures", "shared", "circles"}, "drawing",
-                        drawing.label, drawing.inside, drawing.figures, drawing.shared, drawing.circles);
+    std::vector<std::string> names = DRAWING_MEMBERS;
+    names.insert(names.begin(), "label");
+    return AgreesMembers(comparison, json, names, std::tuple_cat(std::tie(drawing.label), MembersOf(drawing)));
 }
-inline bool Agrees(Comparison& comparison, const Json& json, const Figure& figure)
+/// What a pointer leads to says what it is.
+inline bool AgreesPointee(Comparison& comparison, const Json& json, const Figure* figure)
 {
-    if (const auto* const circle = dynamic_cast<const Circle*>(&figure)) return Agrees(comparison, json, *circle);
-    if (const auto* const drawing = dynamic_cast<const Drawing*>(&figure)) return Agrees(comparison, json, *drawing);
-    return AgreesTagged(comparison, json, {"kind", "label"}, "vexa_test::everything::Figure", figure.label);
+    if (figure == nullptr) return comparison.Expect(json.is_null(), json.dump());
+    if (!comparison.Expect(json.is_object() && json.contains("kind"), json.dump())) return false;
+    Json members = json;
+    members.erase("kind");
+    if (const auto* const circle = dynamic_cast<const Circle*>(figure))
+        return comparison.Expect(json["kind"] == "circle") && Agrees(comparison, members, *circle);
+    if (const auto* const drawing = dynamic_cast<const Drawing*>(figure))
+        return comparison.Expect(json["kind"] == "drawing") && Agrees(comparison, members, *drawing);
+    return comparison.Expect(json["kind"] == "vexa_test::everything::Figure") &&
+           AgreesMembers(comparison, members, {"label"}, std::tie(figure->label));
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const std::unique_ptr<Figure>& figure)
+{
+    return AgreesPointee(comparison, json, figure.get());
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const std::shared_ptr<Figure>& figure)
+{
+    return AgreesPointee(comparison, json, figure.get());
+}
+inline bool Agrees(Comparison& comparison, const Json& json, const std::shared_ptr<Circle>& circle)
+{
+    return AgreesPointee(comparison, json, circle.get());
 }
 
 /// The active members of a union, and how many keys they are.
 inline bool AgreesActive(Comparison& comparison, const Json& json, const Choice& value, std::size_t& count)
 {
-    return ForEachActive(value.kind, [&](const char* name, auto member) {
+    return ForEachActive(value, [&](const char* name, auto member) {
         ++count;
         return comparison.Inside(name, [&] {
             return comparison.Expect(json.contains(name), "missing") && Agrees(comparison, json[name], value.*member);

@@ -14,6 +14,11 @@ namespace vexa_test::everything {
 /// Where the first difference lies.
 class Comparison {
 public:
+    /// Whether numbers need only be worth the same, as in formats that do not keep their digits.
+    enum class Digits { KEPT, WORTH_THE_SAME };
+
+    explicit Comparison(Digits digits = Digits::KEPT) : m_digits(digits) {}
+    bool KeepsDigits() const { return m_digits == Digits::KEPT; }
     bool Fail(const std::string& what)
     {
         if (m_difference.empty()) m_difference = m_path + ": " + what;
@@ -32,6 +37,7 @@ public:
     const std::string& Difference() const { return m_difference; }
 
 private:
+    Digits m_digits;
     std::string m_path;
     std::string m_difference;
 };
@@ -52,7 +58,8 @@ inline bool Same(Comparison& comparison, const vexa::CDateTime& left, const vexa
 }
 inline bool Same(Comparison& comparison, const vexa::CNumeric& left, const vexa::CNumeric& right)
 {
-    return comparison.Expect(left.State == right.State && left.AsString() == right.AsString(), "other digits");
+    const bool isSame = comparison.KeepsDigits() ? left.AsString() == right.AsString() : left == right;
+    return comparison.Expect(left.State == right.State && isSame, left.AsString() + " and " + right.AsString());
 }
 inline bool Same(Comparison& comparison, const vexa::CValue& left, const vexa::CValue& right)
 {
@@ -94,7 +101,7 @@ bool SameUnordered(Comparison& comparison, const T& left, const T& right)
         bool isFound = false;
         std::size_t number = 0;
         for (const auto& other : right) {
-            Comparison quiet;
+            Comparison quiet = comparison;
             if (!isFound && !isTaken[number] && Same(quiet, element, other)) isFound = isTaken[number] = true;
             ++number;
         }

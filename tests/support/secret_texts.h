@@ -218,6 +218,9 @@ private:
     std::vector<CSecret> m_secrets;
 };
 
+/// So many bytes of a secret one behind the other give it away.
+inline constexpr std::size_t TELLING = 6;
+
 inline std::size_t CountOf(const std::string& text, const std::string& part)
 {
     std::size_t count = 0;
@@ -229,8 +232,11 @@ inline std::size_t CountOf(const std::string& text, const std::string& part)
 /// Whether the word still stands where it is confidential, and nowhere else: a changed text may give it away itself.
 inline bool IsStillSecret(const std::string& text, const CSecret& secret)
 {
-    const std::size_t count = CountOf(text, secret.Word);
-    return count > 0 && count == CountOf(text, secret.Context);
+    const std::size_t count = CountOf(text, secret.Context);
+    for (std::size_t i = 0; i + TELLING <= secret.Word.size(); ++i) {
+        if (CountOf(text, secret.Word.substr(i, TELLING)) != count) return false;
+    }
+    return count > 0;
 }
 
 /// Everything that a report says, in every form.
@@ -247,7 +253,6 @@ inline std::vector<std::string> AllTexts(const vexa::CReport& report, const std:
 /// The first text in which six bytes of the secret stand one behind the other; empty if there is none.
 inline std::string FindLeak(const std::vector<std::string>& texts, const std::string& word)
 {
-    constexpr std::size_t TELLING = 6;
     for (const std::string& text : texts) {
         for (std::size_t i = 0; i + TELLING <= word.size(); ++i) {
             if (text.find(word.substr(i, TELLING)) != std::string::npos) return text;
