@@ -1,4 +1,5 @@
 // expect-ok
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 
 namespace app {

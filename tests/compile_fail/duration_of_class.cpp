@@ -1,4 +1,5 @@
 // expect: only a std::chrono::duration that counts by an arithmetic type can be described
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 
 namespace app {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 
 /// The types that stand for one value to the look-ups, texts, tables and to ToJson, and how each does: one row a type

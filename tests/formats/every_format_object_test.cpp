@@ -11,6 +11,7 @@
 
 #include <vexa/cbor.h>
 #include <vexa/json_tree.h>
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 #include <vexa/yaml.h>
 

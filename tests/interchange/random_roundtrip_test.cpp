@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+#include <gtest/gtest.h>
+
 #include <vexa/interchange.h>
 
 #include "support/everything_json.h"

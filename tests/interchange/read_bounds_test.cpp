@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <vexa/interchange.h>
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 
 #include "support/problem_lines.h"

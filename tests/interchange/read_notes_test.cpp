@@ -7,6 +7,7 @@
 
 #include <vexa/interchange.h>
 #include <vexa/json_tree.h>
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 
 #include "support/problem_lines.h"

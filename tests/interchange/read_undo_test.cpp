@@ -11,6 +11,7 @@
 
 #include <vexa/interchange.h>
 #include <vexa/json_tree.h>
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 
 // After a problem in a transactional reading every object is as it was, those that cannot be copied too.
