@@ -24,7 +24,7 @@ void CReader<Source>::CheckMember(const CMember& member, char* object, std::size
 
 /// The checks of the class and of the flattened ones inside it, unless the object has a problem already.
 template<class Source>
-void CReader<Source>::CheckObject(const CObjectFrame& frame)
+__attribute__((noinline)) void CReader<Source>::CheckObject(const CObjectFrame& frame)
 {
     const auto check = [&](const CClassInfor& infor, const char* object) {
         const typeinfo::CClassNotes* const notes = typeinfo::NotesOf(infor);

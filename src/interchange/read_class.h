@@ -55,6 +55,7 @@ bool CReader<Source>::ReadRest(const CWholeObject& whole, std::size_t brace, std
     const CFirstsScope firsts(m_context, form.Members.size());
     CPathScope path(m_context);
     CObjectFrame frame{form, whole.Object, brace, firsts.Base(), m_context.Problems, tag, path.Step};
+    const COpenScope open(m_context, frame);
     if (!ReadKeys(frame)) return false;
     path.Step.Kind = StepKind::NONE;
     if (!frame.Late.empty()) ReadLateMembers(frame);
@@ -215,7 +216,7 @@ bool CReader<Source>::TakeOwnTag(CObjectFrame& frame, const CText& key)
 
 /// Told at the closing brace. The members of unions are required only while they are active.
 template<class Source>
-void CReader<Source>::TellMissing(const CObjectFrame& frame)
+__attribute__((noinline)) void CReader<Source>::TellMissing(const CObjectFrame& frame)
 {
     for (const std::uint32_t number : frame.Form.Required) {
         if (m_context.Firsts[frame.Base + number] != 0) continue;

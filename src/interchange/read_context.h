@@ -16,6 +16,7 @@
 namespace vexa::interchange {
 
 class CUndo;
+struct CObjectFrame;
 
 /// Tells line and column of a place in the text that is read, whatever is replayed meanwhile.
 class CLocator {
@@ -49,10 +50,11 @@ public:
     CForms Forms;
     CLocator* Locator = nullptr;
     const CPathStep* Path = nullptr;
-    CUndo* Undo = nullptr;             ///< null while nothing need be undone: what is read into is new
-    std::vector<std::uint32_t> Firsts; ///< for each member of the objects that are open: where its key stands, plus 1
-    bool IsTrial = false;              ///< problems are only counted
-    std::size_t Problems = 0;          ///< so many so far
+    CUndo* Undo = nullptr;               ///< null while nothing need be undone: what is read into is new
+    std::vector<std::uint32_t> Firsts;   ///< for each member of the objects that are open: where its key stands, plus 1
+    const CObjectFrame* Frame = nullptr; ///< the innermost object that is open
+    bool IsTrial = false;                ///< problems are only counted
+    std::size_t Problems = 0;            ///< so many so far
 
     /// Takes a problem in, with the path and as much of the text as may be shown.
     void Add(CProblem problem, Secrecy secrecy);

@@ -52,6 +52,8 @@ bool CReader<Source>::ReadHeld(const CForm& form, char* object)
     if (m_source.HasFailed()) return Broken();
     const bool isFixed = form.IsConst && form.How != Held::POINTER;
     if (isFixed) return Refuse(ProblemCode::READ_ONLY);
+    const bool isOwning = form.How == Held::POINTER && !form.IsConst;
+    if (isOwning && IsOpen(m_context, LoadPointer(object + form.ValueOffset))) return RefuseOpen();
     if (kind == EventKind::NULL_VALUE && form.IsNullable) return ReadNull(form, object);
     if (form.IsConst) return Refuse(ProblemCode::READ_ONLY);
     return form.How == Held::FLAGGED ? ReadFlagged(form, object) : ReadPointee(form, object + form.ValueOffset);

@@ -64,26 +64,35 @@ private:
     char* m_shared;
 };
 
+/// What cannot be moved cannot be put back either, and stays where the reading may be undone.
+template<class Source>
+bool CReader<Source>::ReadNoValue(const CForm& form, char* optional)
+{
+    const auto& operations = form.ShapeOperations<detail::COptionalOperations>();
+    if (m_context.Undo == nullptr)
+        operations.Reset(optional);
+    else if (!m_context.Undo->TakeCustom(form, optional) && operations.Get(optional) != nullptr)
+        return Refuse(ProblemCode::CANNOT_BE_MADE);
+    return m_source.Null() || Broken();
+}
+
 /// A value that is there is read into.
 template<class Source>
 bool CReader<Source>::ReadOptional(const CForm& form, char* optional)
 {
     const auto& operations = form.ShapeOperations<detail::COptionalOperations>();
     const CForm& part = m_context.Forms.Of(form.CustomInfor()).Parts.front();
-    if (m_source.Peek() == EventKind::NULL_VALUE) {
-        if (!m_source.Null()) return Broken();
-        if (m_context.Undo == nullptr || !m_context.Undo->TakeCustom(form, optional)) operations.Reset(optional);
-        return true;
-    }
+    const void* const value = operations.Get(optional);
+    if (m_source.Peek() == EventKind::NULL_VALUE) return ReadNoValue(form, optional);
     if (m_source.HasFailed()) return Broken();
+    if (operations.Adopt != nullptr && IsOpen(m_context, value)) return RefuseOpen();
     if (operations.Adopt != nullptr && IsPolymorphic(part)) {
         CSharedTarget target(m_context, form, optional);
         return ReadPolymorphic(part.ClassInfor(), target);
     }
-    if (const void* const value = operations.Get(optional))
-        return ReadValue(part, static_cast<char*>(const_cast<void*>(value)));
+    if (value != nullptr) return ReadValue(part, static_cast<char*>(const_cast<void*>(value)));
     if (m_context.Undo != nullptr && !m_context.Undo->TakeCustom(form, optional))
-        return Refuse(ProblemCode::CANNOT_BE_MADE);
+        m_context.Undo->SaveBy([&operations, optional] { operations.Reset(optional); });
     auto* const made = static_cast<char*>(operations.Make(optional));
     if (made == nullptr) return Refuse(ProblemCode::CANNOT_BE_MADE);
     const CFreshScope fresh(m_context);

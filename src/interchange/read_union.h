@@ -54,7 +54,7 @@ bool CReader<Source>::ReadIfActive(CObjectFrame& frame, const CMember& member)
 /// At the end of the object, in the order of the text; those whose selectors are unions' members themselves find them
 /// read by then.
 template<class Source>
-void CReader<Source>::ReadLateMembers(CObjectFrame& frame)
+__attribute__((noinline)) void CReader<Source>::ReadLateMembers(CObjectFrame& frame)
 {
     const std::vector<CLateMember> late = std::move(frame.Late);
     for (const CLateMember& member : late) {

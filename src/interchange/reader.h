@@ -2,10 +2,12 @@
 #define VEXA_INTERCHANGE_READER_H
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <vexa/json_tree.h>
@@ -52,7 +54,34 @@ struct CObjectFrame {
     CPathStep& Step;                 ///< where the walk is inside
     bool IsKeeperOpen = false;       ///< the member that keeps unknown keys has been emptied
     std::vector<CLateMember> Late{}; ///< what waits for a selector
+    const CObjectFrame* Outer = nullptr;
 };
+
+/// Enters an object among those that are open, as long as it lives.
+class COpenScope {
+public:
+    COpenScope(CReadContext& context, CObjectFrame& frame) noexcept : m_context(context)
+    {
+        frame.Outer = std::exchange(context.Frame, &frame);
+    }
+    COpenScope(const COpenScope&) = delete;
+    COpenScope& operator=(const COpenScope&) = delete;
+    ~COpenScope() { m_context.Frame = m_context.Frame->Outer; }
+
+private:
+    CReadContext& m_context;
+};
+
+/// Whether an object is open already, or lies in one that is: a pointer inside leads back to it. What the text says
+/// there could destroy what is being read.
+inline bool IsOpen(const CReadContext& context, const void* object) noexcept
+{
+    if (object == nullptr) return false;
+    const auto place = reinterpret_cast<std::uintptr_t>(object);
+    for (const CObjectFrame* frame = context.Frame; frame != nullptr; frame = frame->Outer)
+        if (place - reinterpret_cast<std::uintptr_t>(frame->Object) < frame->Form.Infor->Size) return true;
+    return false;
+}
 
 class CLooseElement;
 class CMadeObject;
@@ -110,6 +139,7 @@ private:
     void Tell(ProblemCode code, std::size_t begin, std::size_t end, std::string expected = {}, std::string found = {});
     bool WrongKind(std::string expected, Secrecy secrecy = Secrecy::VALUE);
     bool Refuse(ProblemCode code, std::string expected = {});
+    bool RefuseOpen() { return Refuse(ProblemCode::CANNOT_BE_MADE, "an object that is not being read already"); }
     bool TellNumber(NumberVerdict verdict, const CNumber& number, std::size_t begin, std::string range);
 
     // read_basic.h
@@ -199,6 +229,7 @@ private:
     bool ReadShape(const CForm& form, char* place);
     bool ReadSignedByte(const CForm& form, char* place);
     bool ReadOptional(const CForm& form, char* optional);
+    bool ReadNoValue(const CForm& form, char* optional);
     bool ReadTuple(const CForm& form, char* tuple);
     bool ReadBits(const CForm& form, char* bits);
     bool ReadAtomic(const CForm& form, char* atomic);

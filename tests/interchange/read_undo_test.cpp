@@ -14,6 +14,8 @@
 #include <vexa/types.h>
 #include <vexa/vexa.h>
 
+#include "support/problem_lines.h"
+
 // After a problem in a transactional reading every object is as it was, those that cannot be copied too.
 
 namespace undone {
@@ -57,6 +59,19 @@ struct Whole {
 VEXA_DESCRIBE(Part, number, text)
 VEXA_DESCRIBE(Whole, number, real, text, numeric, bytes, time, wrapped, part, none, parts, owned, list, deque, set, map,
               hashed, fixed, code, bits, maybe, shared, either, flags, tuple, counter, value, row, table, raw, tree)
+
+/// Can be copied no more than moved.
+struct Fixed {
+    std::atomic<int> number{1};
+    std::string text = "f";
+};
+struct Holder {
+    std::optional<Fixed> maybe;
+    std::optional<Fixed> none;
+    int number = 0;
+};
+VEXA_DESCRIBE(Fixed, number, text)
+VEXA_DESCRIBE(Holder, maybe, none, number)
 
 } // namespace undone
 
@@ -106,6 +121,28 @@ TEST(ReadUndo, LeavesTheObjectAsItWas)
     EXPECT_TRUE(vexa::ReadJson(plain, FIRST, report));
     EXPECT_TRUE(vexa::ReadJson(plain, SECOND + std::string("}"), report));
     EXPECT_EQ(vexa::WriteJson(plain), vexa::WriteJson(whole));
+}
+
+TEST(ReadUndo, LeavesOptionalsThatCannotBeMovedAsTheyWere)
+{
+    undone::Holder holder;
+    holder.maybe.emplace();
+    const std::string before = vexa::WriteJson(holder);
+    vexa::CReadPolicy policy;
+    policy.Transactional = true;
+    const auto read = [&](const char* text) {
+        return test::ProblemsOf(holder, [&](undone::Holder& object, vexa::CReport& report) {
+            return vexa::ReadJson(object, text, report, policy);
+        });
+    };
+    EXPECT_EQ("34 9+4 1:10 path=maybe pointer=/maybe class=undone::Holder attrib=maybe excerpt={\"maybe\":null}\n",
+              read(R"({"maybe":null})"));
+    EXPECT_EQ(before, vexa::WriteJson(holder));
+    EXPECT_NE("", read(R"({"maybe":{"number":2},"none":{"text":"n"},"number":3,"wrong":1})"));
+    EXPECT_EQ(before, vexa::WriteJson(holder));
+    EXPECT_EQ("", read(R"({"maybe":{"number":2},"none":{"text":"n"}})"));
+    EXPECT_EQ(R"({"maybe":{"number":2,"text":"f"},"none":{"number":1,"text":"n"},"number":0})",
+              vexa::WriteJson(holder));
 }
 
 } // namespace
