@@ -199,8 +199,9 @@ void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset, const CPo
     Inherit(*m_class, offset, DescriptorOf<CClassInfor>(base));
     typeinfo::CClassNotes* const notes = static_cast<typeinfo::CFinishedClass*>(m_class)->Notes;
     if (notes == nullptr || notes->Ancestors.empty()) return;
-    notes->Type = derived.Type;
-    notes->IsAbstract = derived.IsAbstract;
+    // A base that is not polymorphic tells nothing of the class.
+    if (derived.Type != nullptr) notes->Type = derived.Type;
+    if (derived.IsAbstract) notes->IsAbstract = true;
 }
 
 void AddMembers(CDescriptionBase& about, const CTypeSource* members, unsigned long count, const char* names)

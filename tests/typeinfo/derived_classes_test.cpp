@@ -149,6 +149,46 @@ TEST(TagValues, AreThoseOfTheClassesThatCanBeMade)
     EXPECT_EQ(vexa::MetadataOf(vexa::ClassInforOf<ThinRing>()).Tag, "type");
 }
 
+/// A base that is not polymorphic comes after the one with the tag.
+struct Stock {
+    int count = 0;
+};
+VEXA_DESCRIBE(Stock, count)
+
+struct Vehicle {
+    virtual ~Vehicle() = default;
+    int wheels = 4;
+};
+VEXA_DESCRIBE_CLASS(Vehicle)
+{
+    about.Tag("vehicle");
+    about.Attrib("wheels", &Vehicle::wheels);
+}
+
+struct Car : Vehicle, Stock {};
+VEXA_DESCRIBE_CLASS(Car)
+{
+    about.Base<Vehicle>();
+    about.Base<Stock>();
+    about.TagValue("car");
+}
+
+struct Unbuilt : Vehicle, Stock {
+    virtual void Build() = 0;
+};
+VEXA_DESCRIBE_CLASS(Unbuilt)
+{
+    about.Base<Vehicle>();
+    about.Base<Stock>();
+}
+
+TEST(DynamicClass, IsFoundWhateverBaseIsNamedLast)
+{
+    EXPECT_EQ(ThroughPointer<Vehicle>(Car()), "derived_classes::Car at pointer at object");
+    EXPECT_EQ(vexa::TagValuesOf(vexa::ClassInforOf<Vehicle>()), Values({"car", "derived_classes::Vehicle"}));
+    EXPECT_EQ(vexa::FindByTagValue(vexa::ClassInforOf<Vehicle>(), "car").Infor, &vexa::ClassInforOf<Car>());
+}
+
 template<class Base, class Class>
 void ExpectMadeByTag(const char* value)
 {
