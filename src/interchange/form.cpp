@@ -65,7 +65,8 @@ FormKind KindOfContainer(const CGnlTypeInfor& type)
     if (type.IsAssociative()) return KindOfAssociative(infor, type.DataType);
     if (type.DataType != DT_ARRAY) return FormKind::SEQUENCE;
     const bool isText = infor.ElementType.DataType == DT_CHAR && infor.ElementType.HoldingFlags == 0 &&
-                        infor.Mark.Is(detail::CFinishedMark::SLOTS);
+                        infor.Mark.Is(detail::CFinishedMark::SLOTS) &&
+                        typeinfo::EnumerationOfElements(infor) == nullptr;
     return isText ? FormKind::CHAR_ARRAY : FormKind::ARRAY;
 }
 

@@ -23,14 +23,17 @@ bool BasicTakes(unsigned char code, EventKind kind)
 
 bool IsScalar(EventKind kind) { return kind != EventKind::BEGIN_ARRAY && kind != EventKind::BEGIN_OBJECT; }
 
-bool ShapeTakes(ShapeKind shape, EventKind kind)
+bool ShapeTakes(const detail::CShape& shape, EventKind kind)
 {
-    switch (shape) {
-    case ShapeKind::SIGNED_BYTE:
+    switch (shape.Kind) {
     case ShapeKind::DURATION: return IsNumber(kind);
     case ShapeKind::TUPLE:
     case ShapeKind::BITS: return kind == EventKind::BEGIN_ARRAY;
-    case ShapeKind::ATOMIC: return IsNumber(kind) || kind == EventKind::BOOL;
+    case ShapeKind::SIGNED_BYTE: // of an enumeration with names, which are its operations
+        return IsNumber(kind) || (kind == EventKind::STRING && shape.Operations != nullptr);
+    case ShapeKind::ATOMIC: // an arithmetic value, or an enumeration, whose details are its names
+        return IsNumber(kind) || kind == EventKind::BOOL ||
+               (kind == EventKind::STRING && shape.Parts->Detail != nullptr);
     case ShapeKind::TIME_POINT: return kind == EventKind::STRING || kind == EventKind::DATE_TIME;
     case ShapeKind::TEXT: return kind == EventKind::STRING;
     default: return true;
@@ -60,7 +63,7 @@ bool TakesKind(const CForm& form, EventKind kind)
     case FormKind::BITSET: return kind == EventKind::STRING;
     case FormKind::VALUE:
     case FormKind::CUSTOM: return IsScalar(kind);
-    case FormKind::SHAPE: return ShapeTakes(form.Shape->Kind, kind);
+    case FormKind::SHAPE: return ShapeTakes(*form.Shape, kind);
     case FormKind::NULL_TYPE: return kind == EventKind::NULL_VALUE;
     default: return false;
     }
