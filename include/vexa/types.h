@@ -174,6 +174,17 @@ struct CShapeTrait<std::chrono::time_point<std::chrono::system_clock, Duration>>
     static constexpr const void* Operations() { return &OPERATIONS; }
 };
 
+/// Nothing tells what date a moment of another clock is.
+template<class Clock, class Duration>
+struct CShapeTrait<std::chrono::time_point<Clock, Duration>> : CShapeKind<ShapeKind::TIME_POINT> {
+    static constexpr bool IsDescribable()
+    {
+        static_assert(ALWAYS_FALSE<Clock>, "only a std::chrono::time_point of std::chrono::system_clock can be "
+                                           "described: describe the duration since a moment that you know");
+        return false;
+    }
+};
+
 template<>
 struct CShapeTrait<std::filesystem::path> : CShapeKind<ShapeKind::TEXT> {
     using Path = std::filesystem::path;
