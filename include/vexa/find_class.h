@@ -11,9 +11,10 @@
 /// \file
 /// The registered classes by name. A class has a qualified name beside the one that it is registered with: with its
 /// namespaces and the classes around it, for example `shop::Circle` or `shop::Box<std::string>`. GCC and Clang give the
-/// same, with these exceptions: GCC also names inline namespaces of the application's, and values of an enumeration or
-/// pointers among template arguments differ. An unnamed namespace is `(anonymous namespace)`. A class that is
-/// registered by hand has only the name that it is registered with.
+/// same, with these exceptions: GCC also names inline namespaces of the application's, values of an enumeration or
+/// pointers among template arguments differ, and GCC leaves out values that an application's template has by default.
+/// An unnamed namespace is `(anonymous namespace)`. A class that is registered by hand has only the name that it is
+/// registered with.
 ///
 /// The classes of a shared object that is unloaded are no longer found; their descriptors must not be used then.
 /// Everything here may be called on any thread.

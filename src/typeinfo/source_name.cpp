@@ -1,5 +1,6 @@
 #include "typeinfo/source_name.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <vexa/custom_type_infor.h>
@@ -75,11 +76,12 @@ std::string NameOf(const detail::CShapedType& type)
 static std::size_t ArgumentsIn(const std::string& name)
 {
     if (name.empty() || name.back() != '>') return name.size();
-    std::size_t place = name.size() - 1;
-    for (int depth = 1; depth > 0 && place > 0;) {
-        --place;
-        if (name[place] == '>') ++depth;
-        if (name[place] == '<') --depth;
+    std::size_t place = name.size();
+    int depth = 0;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (name[i] == '\'') i = std::min(name.find('\'', i + (name[i + 1] == '\\' ? 3 : 2)), name.size());
+        if (name[i] == '<' && depth++ == 0) place = i;
+        if (name[i] == '>') --depth;
     }
     return place;
 }

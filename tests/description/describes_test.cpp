@@ -33,6 +33,10 @@ template<class T, unsigned int N>
 struct Row {
     T values[N]{};
 };
+template<char LEFT, char RIGHT>
+struct Between {
+    int x = 1;
+};
 struct AtStart {
     int x = 1;
 };
@@ -109,6 +113,12 @@ struct vexa::Describes<describes_test::third::Row<T, N>> {
     using Row = describes_test::third::Row<T, N>;
     static void Describe(vexa::CDescription<Row>& about) { VEXA_MEMBERS(Row, values) }
 };
+template<char LEFT, char RIGHT>
+struct vexa::Describes<describes_test::third::Between<LEFT, RIGHT>> {
+    using Between = describes_test::third::Between<LEFT, RIGHT>;
+    static constexpr const char* NAME = "Between";
+    static void Describe(vexa::CDescription<Between>& about) { VEXA_MEMBERS(Between, x) }
+};
 template<>
 struct vexa::Describes<describes_test::third::AtStart> {
     using AtStart = describes_test::third::AtStart;
@@ -150,6 +160,22 @@ TEST(Describes, MakesClassesOfAThirdPartyMembers)
     const third::Purse purse;
     EXPECT_EQ(vexa_test::MembersOf(vexa::ClassInforOf<third::Purse>()),
               Line(purse, purse.money, "money", "Money, 1, 0x00") + Line(purse, purse.coins, "coins", "int, 14, 0x00"));
+}
+
+template<char LEFT, char RIGHT>
+std::string NameOfBetween()
+{
+    return vexa::ClassInforOf<third::Between<LEFT, RIGHT>>().Name;
+}
+
+TEST(Describes, NamesTheArgumentsOfAnInstanceWhateverTheyAre)
+{
+    EXPECT_EQ((NameOfBetween<'<', '>'>()), "Between<'<', '>'>");
+    EXPECT_EQ((NameOfBetween<'>', '>'>()), "Between<'>', '>'>");
+    EXPECT_EQ((NameOfBetween<'<', 'a'>()), "Between<'<', 'a'>");
+    EXPECT_EQ((NameOfBetween<'\\', '\''>()), "Between<'\\\\', '\\''>");
+    EXPECT_EQ((vexa::ClassInforOf<third::Box<third::Between<'<', '<'>>>().Name),
+              "Box<describes_test::third::Between<'<', '<'>>");
 }
 
 TEST(Describes, ReadsAndWritesThem)
