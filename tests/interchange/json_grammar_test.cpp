@@ -237,9 +237,17 @@ private:
 };
 
 /// Where the independent parser is known to judge otherwise: a zero byte ends its text, a byte order mark is skipped,
-/// and a number beyond a double's range, which takes at least three digits in a row, is refused.
+/// and a number beyond a double's range, which takes an exponent of at least three digits or hundreds of digits in a
+/// row, is refused.
 bool IsJudgedOtherwise(const std::string& text)
 {
+    std::size_t longest = 0;
+    std::size_t digits = 0;
+    for (const char byte : text) {
+        digits = byte >= '0' && byte <= '9' ? digits + 1 : 0;
+        longest = std::max(longest, digits);
+    }
+    if (longest > 300) return true;
     const std::size_t exponent = text.find_first_of("eE");
     const bool isHuge = exponent != text.npos && text.find_first_of("0123456789", exponent) != text.npos &&
                         text.find_first_not_of("+0123456789", exponent + 1) >= exponent + 4;
