@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "interchange/read_phrase.h"
 #include "interchange/replay.h"
 #include "interchange/utf8.h"
 
@@ -40,11 +41,11 @@ bool CEventReader::Fail(ProblemCode code, std::string expected)
 bool CEventReader::IsWithinBounds()
 {
     if (m_event.Offset + m_event.Length > m_policy.MaxBytes)
-        return Fail(ProblemCode::TOO_LONG, "at most " + std::to_string(m_policy.MaxBytes) + " bytes");
+        return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxBytes, "byte"));
     const bool isText =
         m_event.Kind == EventKind::STRING || m_event.Kind == EventKind::BYTES || m_event.Kind == EventKind::KEY;
     if (isText && m_event.Text.size() > m_policy.MaxTextLength)
-        return Fail(ProblemCode::TOO_LONG, "at most " + std::to_string(m_policy.MaxTextLength) + " bytes of text");
+        return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxTextLength, "byte") + " of text");
     return m_replay != nullptr || m_event.Kind == EventKind::BYTES || !isText || IsGoodText();
 }
 
@@ -139,8 +140,7 @@ bool CEventReader::Number(CNumber& number)
 bool CEventReader::Enter(EventKind kind)
 {
     if (!Look()) return false;
-    if (m_counts.size() >= m_policy.MaxDepth)
-        return Fail(ProblemCode::TOO_DEEP, "at most " + std::to_string(m_policy.MaxDepth) + " levels");
+    if (m_counts.size() >= m_policy.MaxDepth) return Fail(ProblemCode::TOO_DEEP, AtMost(m_policy.MaxDepth, "level"));
     if (!TakeValue(kind)) return false;
     m_counts.push_back(0);
     return true;
@@ -156,7 +156,7 @@ bool CEventReader::Leave(EventKind kind)
 bool CEventReader::CountOne()
 {
     if (++m_counts.back() <= m_policy.MaxElements) return true;
-    return Fail(ProblemCode::TOO_LONG, "at most " + std::to_string(m_policy.MaxElements) + " elements");
+    return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxElements, "element"));
 }
 
 bool CEventReader::NextElement()

@@ -6,14 +6,13 @@
 #include <new>
 
 #include "interchange/json_scanner.h"
+#include "interchange/read_phrase.h"
 #include "interchange/utf8.h"
 
 /// \file
 /// What a scanner does less often than json_scanner.h: included where scanners are instantiated.
 
 namespace vexa::interchange {
-
-std::string AtMost(std::size_t limit, const char* unit);
 
 inline constexpr std::size_t MAX_WORD_LENGTH = 64; ///< that a problem tells of
 
@@ -26,7 +25,7 @@ bool CJsonScanner<Input>::MoreInput()
         const std::size_t end = m_window.OffsetOf(m_window.End);
         try {
             if (m_input.More(m_window)) return true;
-            if (m_input.IsTooLong()) Keep(ProblemCode::TOO_LONG, {end, 0}, AtMost(m_policy.MaxBytes, " bytes"), {});
+            if (m_input.IsTooLong()) Keep(ProblemCode::TOO_LONG, {end, 0}, AtMost(m_policy.MaxBytes, "byte"), {});
         } catch (const std::bad_alloc&) {
             throw;
         } catch (const std::exception& failure) {
@@ -405,7 +404,7 @@ bool CJsonScanner<Input>::FailOpenString(const char* expected)
 template<class Input>
 bool CJsonScanner<Input>::FailLongString()
 {
-    Keep(ProblemCode::TOO_LONG, {m_window.OffsetOf(m_window.Token), 1}, AtMost(m_policy.MaxTextLength, " bytes"), {});
+    Keep(ProblemCode::TOO_LONG, {m_window.OffsetOf(m_window.Token), 1}, AtMost(m_policy.MaxTextLength, "byte"), {});
     return Stop();
 }
 
@@ -413,7 +412,7 @@ template<class Input>
 bool CJsonScanner<Input>::FailToEnter()
 {
     if (m_window.Next == m_window.End) return FailAtToken(ProblemCode::SYNTAX, "a value");
-    Keep(ProblemCode::TOO_DEEP, {m_window.OffsetOf(m_window.Next), 1}, AtMost(m_policy.MaxDepth, " levels"), {});
+    Keep(ProblemCode::TOO_DEEP, {m_window.OffsetOf(m_window.Next), 1}, AtMost(m_policy.MaxDepth, "level"), {});
     return Stop();
 }
 

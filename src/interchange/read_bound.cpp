@@ -120,10 +120,10 @@ CBoundProblem OfLength(const typeinfo::CMemberNotes& notes, const CLength& lengt
     const bool isShort = notes.ShortestLength && length.Count < *notes.ShortestLength;
     const bool isLong = notes.LongestLength && length.Count > *notes.LongestLength;
     if (!isShort && !isLong) return {};
-    const std::string unit = length.IsContainer ? " elements" : " bytes";
+    const char* const unit = length.IsContainer ? "element" : "byte";
     const unsigned long bound = isShort ? *notes.ShortestLength : *notes.LongestLength;
     return {isShort ? ProblemCode::TOO_SHORT : ProblemCode::TOO_MANY, length.IsContainer,
-            (isShort ? "at least " : "at most ") + std::to_string(bound) + unit, std::to_string(length.Count)};
+            (isShort ? "at least " : "at most ") + CountText(bound, unit), std::to_string(length.Count)};
 }
 
 } // namespace

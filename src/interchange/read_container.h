@@ -224,7 +224,7 @@ bool CReader<Source>::ReadCharArray(const CForm& form, char* array)
     CText text;
     if (!m_source.String(text)) return Broken();
     if (text.Text.size() > size) {
-        Tell(ProblemCode::TOO_MANY_ELEMENTS, begin, m_source.EndOffset(), "at most " + std::to_string(size) + " bytes",
+        Tell(ProblemCode::TOO_MANY_ELEMENTS, begin, m_source.EndOffset(), AtMost(size, "byte"),
              std::to_string(text.Text.size()));
         return true;
     }

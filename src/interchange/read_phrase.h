@@ -26,11 +26,13 @@ std::string OneOf(const std::vector<std::string>& names);
 std::vector<std::string> NamesOf(const detail::CEnumerationSlot& enumeration);
 std::string BoundText(const typeinfo::CBound& bound);
 
-/// `3 elements`
-inline std::string CountText(std::size_t count)
+/// `3 elements`, `1 element`
+inline std::string CountText(std::size_t count, const char* unit = "element")
 {
-    return std::to_string(count) + (count == 1 ? " element" : " elements");
+    return std::to_string(count).append(" ").append(unit).append(count == 1 ? "" : "s");
 }
+/// `at most 3 elements`
+inline std::string AtMost(std::size_t count, const char* unit) { return "at most " + CountText(count, unit); }
 
 /// `-128 to 127`
 template<class T>

@@ -16,6 +16,7 @@
 
 #include "core/basic_types.h"
 #include "interchange/form.h"
+#include "interchange/read_phrase.h"
 #include "interchange/sink.h"
 #include "interchange/write_context.h"
 #include "interchange/write_default.h"
@@ -102,8 +103,7 @@ private:
     }
     void TellTooDeep(const CPathStep& where)
     {
-        m_context.Tell(ProblemCode::TOO_DEEP, where,
-                       "at most " + std::to_string(m_context.Policy().MaxDepth) + " levels");
+        m_context.Tell(ProblemCode::TOO_DEEP, where, AtMost(m_context.Policy().MaxDepth, "level"));
     }
     bool IsEntered(const CWriteFrame& frame, bool isReached) const
     {

@@ -119,7 +119,7 @@ TEST(ReadBounds, HoldsThoseOfThePolicyForEveryFormat)
     EXPECT_EQ("abc|d|", ReadGiven(events));
     vexa::CReadPolicy policy;
     policy.MaxElements = 1;
-    EXPECT_EQ("10 2+1 0:0 path=[1] pointer=/1 expected=at most 1 elements\nabc|", ReadGiven(events, policy));
+    EXPECT_EQ("10 2+1 0:0 path=[1] pointer=/1 expected=at most 1 element\nabc|", ReadGiven(events, policy));
     policy = {};
     policy.MaxTextLength = 2;
     EXPECT_EQ("10 1+1 0:0 path=[0] pointer=/0 expected=at most 2 bytes of text\n", ReadGiven(events, policy));

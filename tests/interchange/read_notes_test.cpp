@@ -127,7 +127,7 @@ TEST(ReadNotes, HoldsBoundsAndRequirements)
     EXPECT_EQ("26::serverPort:: ", codes("{}"));
     EXPECT_EQ("28:port:port:1 to 65535:0 ", codes(R"({"serverPort": 0})"));
     EXPECT_EQ("29:port:port:1 to 65535:65536 ", codes(R"({"serverPort": 65536})"));
-    EXPECT_EQ("30:host:host:at least 1 bytes:0 30:ids:ids:at least 1 elements:0 33:version:version:: ",
+    EXPECT_EQ("30:host:host:at least 1 byte:0 30:ids:ids:at least 1 element:0 33:version:version:: ",
               codes(R"({"serverPort": 1, "host": "", "ids": [], "version": 5})"));
     EXPECT_EQ("31:host:host:at most 4 bytes:5 31:ids:ids:at most 2 elements:3 ",
               codes(R"({"serverPort": 1, "host": "abcde", "ids": [1, 2, 3]})"));
