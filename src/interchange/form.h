@@ -1,6 +1,7 @@
 #ifndef VEXA_INTERCHANGE_FORM_H
 #define VEXA_INTERCHANGE_FORM_H
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <deque>
@@ -108,6 +109,7 @@ struct CMember : CForm {
 
     std::string Key;          ///< what is written and read
     std::string JsonKey;      ///< `"key":`, escaped
+    std::string Holders;      ///< a flattened one: the names that lead to its owner, each with a point behind it
     std::uint32_t Number = 0; ///< its place in CClassForm::Members
     bool IsMasked = false;
     const CAttribInfor* Infor = nullptr;
@@ -127,6 +129,7 @@ struct CClassForm {
     const CClassInfor* Infor = nullptr;
     const typeinfo::CClassNotes* Notes = nullptr;
     std::vector<CMember> Members; ///< in list order; the attributes of a flattened one are in its place
+    std::vector<CMember> Keyless; ///< those whose key another one has: neither written nor read
     std::vector<std::uint32_t> Required;
     typeinfo::CNameTable Keys; ///< keys and aliases to numbers in KeyOwners
     std::vector<std::uint32_t> KeyOwners;
@@ -138,6 +141,13 @@ struct CClassForm {
 
     static constexpr std::uint32_t NO_MEMBER = 0xFFFFFFFF;
 
+    /// Whether it is so of all attributes, those without a key too.
+    template<class Predicate>
+    bool IsTrueOfAll(Predicate predicate) const
+    {
+        return std::all_of(Members.begin(), Members.end(), predicate) &&
+               std::all_of(Keyless.begin(), Keyless.end(), predicate);
+    }
     /// The member of a key, or null.
     const CMember* Find(std::string_view key) const noexcept;
 };

@@ -9,6 +9,7 @@
 
 #include <vexa/helper.h>
 
+#include "core/utf8.h"
 #include "interchange/path.h"
 
 namespace vexa::interchange {
@@ -38,12 +39,14 @@ public:
     {
         form.Infor = &infor;
         form.Notes = typeinfo::NotesOf(infor);
-        AddMembers(infor, 0);
+        if (form.Notes != nullptr && !form.Notes->Tag.empty()) m_taken.insert(form.Notes->Tag);
+        AddMembers(infor, 0, {});
         AddKeys();
     }
 
 private:
-    void AddMembers(const CClassInfor& infor, unsigned long offset)
+    /// \param holders leads from the class to the object of \p infor that lies \p offset bytes inside.
+    void AddMembers(const CClassInfor& infor, unsigned long offset, const std::string& holders)
     {
         const typeinfo::CClassNotes* const notes = typeinfo::NotesOf(infor);
         for (const CAttribInfor& attrib : infor.AttribList) {
@@ -52,10 +55,17 @@ private:
             if (own != nullptr && own->IsFlattened && IsPlainClass(attrib.TypeInfor)) {
                 const auto& inner = *static_cast<const CClassInfor*>(attrib.TypeInfor.DetailInfor);
                 m_form.Flattened.push_back({&inner, static_cast<std::uint32_t>(place)});
-                AddMembers(inner, place);
-            } else {
-                AddMember(infor, attrib, offset, own);
+                AddMembers(inner, place, holders + attrib.Name + '.');
+                continue;
             }
+            const auto* const names = own != nullptr ? own->Enumeration : nullptr;
+            CMember member(attrib.TypeInfor, place, names);
+            member.Holders = holders;
+            member.Infor = &attrib;
+            member.Owner = &infor;
+            member.OwnerOffset = static_cast<std::uint32_t>(offset);
+            member.Notes = own;
+            AddMember(std::move(member));
         }
     }
     static bool IsPlainClass(const CGnlTypeInfor& type)
@@ -63,50 +73,55 @@ private:
         return type.DataType == Enum::DT_CLASS && type.HoldingFlags == 0;
     }
 
-    void AddMember(const CClassInfor& owner, const CAttribInfor& attrib, unsigned long offset,
-                   const CMemberNotes* notes)
+    void AddMember(CMember member)
     {
-        const auto* const names = notes != nullptr ? notes->Enumeration : nullptr;
-        CMember& member = m_form.Members.emplace_back(attrib.TypeInfor, offset + attrib.Offset, names);
-        member.Number = static_cast<std::uint32_t>(m_form.Members.size() - 1);
-        member.Key = typeinfo::KeyOf(owner, attrib);
+        member.Key = typeinfo::KeyOf(*member.Owner, *member.Infor);
         member.JsonKey = JsonKeyOf(member.Key);
-        member.Infor = &attrib;
-        member.Owner = &owner;
-        member.OwnerOffset = static_cast<std::uint32_t>(offset);
-        member.IsMasked = attrib.IsMasked != 0;
-        member.Notes = notes;
+        member.IsMasked = member.Infor->IsMasked != 0;
         m_form.HasMasked = m_form.HasMasked || member.IsMasked;
-        m_form.HasUnions = m_form.HasUnions || attrib.UnionSelector != nullptr;
-        if (notes == nullptr) return;
-        m_form.HasNotes = true;
-        if (notes->IsRequired) m_form.Required.push_back(member.Number);
-        if (notes->KeepsUnknown) m_form.Keeper = member.Number;
+        m_form.HasUnions = m_form.HasUnions || member.Infor->UnionSelector != nullptr;
+        const bool isKeeper = member.Notes != nullptr && member.Notes->KeepsUnknown;
+        if (!isKeeper && !IsFree(member.Key)) {
+            m_form.Keyless.push_back(std::move(member));
+            return;
+        }
+        member.Number = static_cast<std::uint32_t>(m_form.Members.size());
+        if (isKeeper) m_form.Keeper = member.Number;
+        m_form.HasNotes = m_form.HasNotes || member.Notes != nullptr;
+        if (member.Notes != nullptr && member.Notes->IsRequired) m_form.Required.push_back(member.Number);
+        m_form.Members.push_back(std::move(member));
     }
 
-    /// A key that is taken already stays with the member that was described first.
+    /// Whether a key can be had. One that is taken already stays with the tag, or with the attribute described first.
+    bool IsFree(const std::string& key)
+    {
+        const bool isText = core::IsUtf8(key);
+        if (isText && m_taken.insert(key).second) return true;
+        helper::LogError(isText ? "The class %s has the key \"%s\" twice: it stays with the first of them"
+                                : "The class %s has the key \"%s\", which is no UTF-8: it is neither written nor read",
+                         m_form.Infor->Name.c_str(), key.c_str());
+        return false;
+    }
+
+    /// Keys go before aliases.
     void AddKeys()
     {
-        std::set<std::string_view> taken;
         std::vector<std::string_view> keys;
         const auto add = [&](std::string_view key, const CMember& member) {
-            if (!taken.insert(key).second) {
-                helper::LogError("The class %s has the key %s twice: it stays with the first attribute of it",
-                                 m_form.Infor->Name.c_str(), std::string(key).c_str());
-                return;
-            }
             keys.push_back(key);
             m_form.KeyOwners.push_back(member.Number);
         };
         for (const CMember& member : m_form.Members)
             if (member.Number != m_form.Keeper) add(member.Key, member);
-        for (const CMember& member : m_form.Members)
-            if (member.Notes != nullptr)
-                for (const std::string& alias : member.Notes->Aliases)
-                    add(alias, member);
+        for (const CMember& member : m_form.Members) {
+            if (member.Notes == nullptr) continue;
+            for (const std::string& alias : member.Notes->Aliases)
+                if (IsFree(alias)) add(alias, member);
+        }
         m_form.Keys = typeinfo::CNameTable(keys);
     }
 
+    std::set<std::string> m_taken; ///< keys
     CClassForm& m_form;
 };
 

@@ -17,7 +17,7 @@ void ForEachStep(const CPathStep* innermost, Use use)
     std::reverse(steps.begin(), steps.end());
     for (const CPathStep* const step : steps) {
         use(*step);
-        if (step->Kind == StepKind::MEMBER && step->Member->IsMasked) return;
+        if (step->IsOfMember() && step->Member->IsMasked) return;
     }
 }
 
@@ -27,8 +27,9 @@ void AppendToPath(std::string& path, const CPathStep& step)
 {
     switch (step.Kind) {
     case StepKind::MEMBER:
+    case StepKind::ALIAS:
         if (!path.empty()) path += '.';
-        path += step.Member->Infor->Name;
+        path.append(step.Member->Holders).append(step.Member->Infor->Name);
         return;
     case StepKind::INDEX: path += '[' + std::to_string(step.Index) + ']'; return;
     case StepKind::TEXT_KEY:
@@ -38,6 +39,17 @@ void AppendToPath(std::string& path, const CPathStep& step)
         return;
     case StepKind::OTHER_KEY: path.append("[").append(KeyOf(step)).append("]"); return;
     case StepKind::NONE: return;
+    }
+}
+
+/// What the text calls the value that a step leads to.
+std::string TokenOf(const CPathStep& step)
+{
+    switch (step.Kind) {
+    case StepKind::MEMBER: return step.Member->Key;
+    case StepKind::ALIAS: return step.Member->Notes->Aliases[step.KeyLength];
+    case StepKind::INDEX: return std::to_string(step.Index);
+    default: return std::string(KeyOf(step));
     }
 }
 
@@ -56,6 +68,15 @@ void AppendToken(std::string& pointer, std::string_view token)
 
 } // namespace
 
+void ToAlias(CPathStep& step, std::string_view key) noexcept
+{
+    const std::vector<std::string>& aliases = step.Member->Notes->Aliases;
+    const auto alias = std::find(aliases.begin(), aliases.end(), key);
+    if (alias == aliases.end()) return;
+    step.Kind = StepKind::ALIAS;
+    step.KeyLength = static_cast<std::uint32_t>(alias - aliases.begin());
+}
+
 std::string PathOf(const CPathStep* innermost)
 {
     std::string path;
@@ -66,27 +87,20 @@ std::string PathOf(const CPathStep* innermost)
 std::string PointerOf(const CPathStep* innermost)
 {
     std::string pointer;
-    ForEachStep(innermost, [&pointer](const CPathStep& step) {
-        if (step.Kind == StepKind::MEMBER)
-            AppendToken(pointer, step.Member->Key);
-        else if (step.Kind == StepKind::INDEX)
-            AppendToken(pointer, std::to_string(step.Index));
-        else
-            AppendToken(pointer, KeyOf(step));
-    });
+    ForEachStep(innermost, [&pointer](const CPathStep& step) { AppendToken(pointer, TokenOf(step)); });
     return pointer;
 }
 
 bool IsMasked(const CPathStep* innermost) noexcept
 {
     for (const CPathStep* step = innermost; step != nullptr; step = step->Outer)
-        if (step->Kind == StepKind::MEMBER && step->Member->IsMasked) return true;
+        if (step->IsOfMember() && step->Member->IsMasked) return true;
     return false;
 }
 
 void TellAttribute(const CPathStep* innermost, CProblem& problem)
 {
-    if (innermost == nullptr || innermost->Kind != StepKind::MEMBER) return;
+    if (innermost == nullptr || !innermost->IsOfMember()) return;
     problem.Class = typeinfo::QualifiedNameOf(*innermost->Member->Owner);
     problem.Attrib = innermost->Member->Infor->Name;
 }

@@ -19,6 +19,7 @@ namespace vexa::interchange {
 enum class StepKind : unsigned char {
     NONE,
     MEMBER,
+    ALIAS, ///< a member under one of its aliases
     INDEX,
     TEXT_KEY, ///< of a map, by text
     OTHER_KEY ///< of a map, by its number or the name of its value
@@ -29,7 +30,7 @@ enum class StepKind : unsigned char {
 struct CPathStep {
     const CPathStep* Outer = nullptr;
     StepKind Kind = StepKind::NONE;
-    std::uint32_t KeyLength = 0;
+    std::uint32_t KeyLength = 0; ///< ALIAS: which one it is
     union {
         const CMember* Member;
         std::size_t Index;
@@ -38,6 +39,7 @@ struct CPathStep {
 
     explicit CPathStep(const CPathStep* outer = nullptr) noexcept : Outer(outer), Member(nullptr) {}
 
+    bool IsOfMember() const noexcept { return Kind == StepKind::MEMBER || Kind == StepKind::ALIAS; }
     void To(const CMember& member) noexcept
     {
         Kind = StepKind::MEMBER;
@@ -56,10 +58,13 @@ struct CPathStep {
     }
 };
 
+/// Notes that the text calls the member that a step leads to by a key, if that is one of its aliases.
+void ToAlias(CPathStep& step, std::string_view key) noexcept;
+
 /// The way to the innermost step as C++ writes it: `orders[2].address.zip`, `prices["apple"].net`. Both ways end at a
 /// confidential attribute, whose keys and sizes are nobody's business.
 std::string PathOf(const CPathStep* innermost);
-/// The same as a JSON Pointer (RFC 6901).
+/// The same as a JSON Pointer (RFC 6901), by the keys that the text has.
 std::string PointerOf(const CPathStep* innermost);
 /// Whether the way leads through a confidential attribute.
 bool IsMasked(const CPathStep* innermost) noexcept;

@@ -84,7 +84,8 @@ bool CReader<Source>::ReadKeys(CObjectFrame& frame)
     CText key;
     for (;;) {
         const CMember* member = next;
-        if (__builtin_expect(next == end || !NextKeyIs(*next), 0)) {
+        const bool isGuessed = next != end && NextKeyIs(*next);
+        if (__builtin_expect(!isGuessed, 0)) {
             if (!m_source.NextKey(key)) break;
             if (next == end || key.Text != next->Key) member = form.Find(key.Text);
         }
@@ -95,6 +96,7 @@ bool CReader<Source>::ReadKeys(CObjectFrame& frame)
         }
         next = member + 1;
         frame.Step.To(*member);
+        if (__builtin_expect(!isGuessed && member->Notes != nullptr, 0)) ToAlias(frame.Step, key.Text);
         if (!ReadMember(frame, *member)) return false;
     }
     frame.Step.Kind = StepKind::NONE;
@@ -148,7 +150,7 @@ __attribute__((noinline)) bool CReader<Source>::TakeUnknownKey(CObjectFrame& fra
 {
     const typeinfo::CClassNotes* const notes = frame.Form.Notes;
     if (!frame.Tag.empty() && key.Text == frame.Tag) return m_source.Skip() || Broken();
-    if (notes != nullptr && !notes->Tag.empty() && key.Text == notes->Tag) return TakeOwnTag(frame, key);
+    if (notes != nullptr && !notes->Tag.empty() && key.Text == notes->Tag) return TakeOwnTag(frame.Form);
     UnknownKeys rule = m_context.Policy.Unknown;
     if (rule == UnknownKeys::BY_CLASS) rule = notes != nullptr ? notes->Unknown : UnknownKeys::PROBLEM;
     if (rule == UnknownKeys::SKIP) return m_source.Skip() || Broken();
@@ -195,21 +197,20 @@ bool CReader<Source>::KeepUnknown(CObjectFrame& frame, const CText& key)
 
 /// An object whose class is known says what it is.
 template<class Source>
-bool CReader<Source>::TakeOwnTag(CObjectFrame& frame, const CText& key)
+bool CReader<Source>::TakeOwnTag(const CClassForm& form)
 {
-    const CClassInfor& infor = *frame.Form.Infor;
-    const std::string tag(key.Text);
-    if (m_source.Peek() != EventKind::STRING) return WrongKind(OneOf({typeinfo::TagValueOf(infor)}));
+    const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     CText value;
-    if (!m_source.String(value)) return Broken();
-    if (value.Text == typeinfo::TagValueOf(infor)) return true;
+    if (!(kind == EventKind::STRING ? m_source.String(value) : m_source.Skip())) return Broken();
+    const std::string& own = typeinfo::TagValueOf(*form.Infor);
+    if (kind == EventKind::STRING && value.Text == own) return true;
     CProblem problem;
     problem.Code = ProblemCode::UNKNOWN_TAG;
-    problem.Class = typeinfo::QualifiedNameOf(infor);
-    problem.Attrib = tag;
-    problem.Expected = OneOf({typeinfo::TagValueOf(infor)});
-    problem.Found = ShownText(value.Text);
+    problem.Class = typeinfo::QualifiedNameOf(*form.Infor);
+    problem.Attrib = form.Notes->Tag;
+    problem.Expected = OneOf({own});
+    problem.Found = kind == EventKind::STRING ? ShownText(value.Text) : std::string(PhraseOf(kind));
     Tell(std::move(problem), begin, m_source.EndOffset());
     return true;
 }

@@ -16,7 +16,7 @@ ExcerptForm CReadContext::FormOfExcerpt(Secrecy secrecy)
 {
     if (!ReachesMasked()) return ExcerptForm::LINE;
     if (secrecy == Secrecy::HIDDEN) return ExcerptForm::NOTHING;
-    const bool isOfMember = secrecy == Secrecy::KEY && Path != nullptr && Path->Kind == StepKind::MEMBER;
+    const bool isOfMember = secrecy == Secrecy::KEY && Path != nullptr && Path->IsOfMember();
     return IsMasked(isOfMember ? Path->Outer : Path) ? ExcerptForm::NOTHING : ExcerptForm::TOKEN;
 }
 

@@ -22,12 +22,10 @@ bool TakeAwayAt(CForms& forms, CUndo& undo, const CForm& form, char* place)
     case FormKind::BITSET: undo.SaveBytes(place, form.ContainerInfor().Size); return true;
     case FormKind::SHAPE: return undo.TakeCustom(form, place);
     case FormKind::CLASS:
-    case FormKind::PAIR: {
-        const auto& members = forms.Of(form.ClassInfor()).Members;
-        return std::all_of(members.begin(), members.end(), [&](const CMember& member) {
+    case FormKind::PAIR:
+        return forms.Of(form.ClassInfor()).IsTrueOfAll([&](const CMember& member) {
             return member.Infor->UnionSelector == nullptr && TakeAway(forms, undo, member, place);
         });
-    }
     case FormKind::ARRAY: {
         const CContainerForm& parts = forms.Of(form.ContainerInfor());
         if (!parts.IsSlots) return false;

@@ -32,7 +32,7 @@ bool CReader<Source>::ReadUnionMember(CObjectFrame& frame, const CMember& member
 {
     if (SelectorMayCome(frame, member)) {
         CLateMember& late = frame.Late.emplace_back();
-        late.Member = &member;
+        late.Step = frame.Step;
         return Hold(late.Value);
     }
     return ReadIfActive(frame, member);
@@ -58,8 +58,8 @@ __attribute__((noinline)) void CReader<Source>::ReadLateMembers(CObjectFrame& fr
 {
     const std::vector<CLateMember> late = std::move(frame.Late);
     for (const CLateMember& member : late) {
-        frame.Step.To(*member.Member);
-        Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Member); });
+        frame.Step = member.Step;
+        Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Step.Member); });
     }
     frame.Step.Kind = StepKind::NONE;
 }
@@ -69,6 +69,13 @@ inline short SelectorValue(const CMember& member, const char* object)
 {
     return CStdBasicTypeConstRefrence(member.Infor->TypeInfor, object + member.HolderOffset).As_short();
 }
+
+/// What a selector held before it was read.
+struct COldSelector {
+    reference::CSavedSelector Saved;
+    short Value;
+    bool IsReplaced = false; ///< what was active has given way
+};
 
 /// Reads an attribute that may be a selector: where it changes, what was active gives way to what becomes active.
 template<class Source>
@@ -80,41 +87,58 @@ bool CReader<Source>::ReadBesideUnions(CObjectFrame& frame, const CMember& membe
         return ReadValue(member, frame.Object);
     m_source.Peek();
     const std::size_t begin = m_source.Offset();
-    const short from = SelectorValue(member, frame.Object);
-    auto saved = std::make_shared<reference::CSavedSelector>(member.Infor->TypeInfor, object + member.Infor->Offset);
+    reference::CSavedSelector saved(member.Infor->TypeInfor, object + member.Infor->Offset);
+    const auto old =
+        std::make_shared<COldSelector>(COldSelector{std::move(saved), SelectorValue(member, frame.Object)});
     reference::CUnionWatch watch(owner, object);
     bool isWhole = false;
     {
         const CFreshScope fresh(m_context);
         isWhole = ReadValue(member, frame.Object);
     }
-    const bool isChanged = SelectorValue(member, frame.Object) != from;
-    const bool isTaken = m_context.Undo == nullptr || !isChanged || TakeOldMembers(frame, member, from);
-    if (!isTaken) saved->PutBack();
-    const bool isSettled = watch.Settle() && isTaken;
-    if (!isSettled)
-        Tell(ProblemCode::CANNOT_BE_MADE, begin, m_source.EndOffset());
-    else if (m_context.Undo != nullptr)
-        m_context.Undo->SaveBy([&owner, object, saved] {
-            reference::CUnionWatch back(owner, object);
-            saved->PutBack();
-            back.Settle();
-        });
+    const bool isNoted = NoteSelector(frame, member, old);
+    old->IsReplaced = watch.Settle() && isNoted;
+    if (!old->IsReplaced) Tell(ProblemCode::CANNOT_BE_MADE, begin, m_source.EndOffset());
     return isWhole;
+}
+
+/// Notes how a selector that has just been read gets its old value again. \return false where that cannot be: it has
+/// it again, as after an exception.
+template<class Source>
+bool CReader<Source>::NoteSelector(CObjectFrame& frame, const CMember& member, const std::shared_ptr<COldSelector>& old)
+{
+    if (m_context.Undo == nullptr) return true;
+    const CClassInfor& owner = *member.Owner;
+    char* const object = frame.Object + member.OwnerOffset;
+    try {
+        if (SelectorValue(member, frame.Object) == old->Value || TakeOldMembers(frame, member, old->Value)) {
+            m_context.Undo->SaveBy([&owner, object, old] {
+                if (!old->IsReplaced) return;
+                reference::CUnionWatch back(owner, object);
+                old->Saved.PutBack();
+                back.Settle();
+            });
+            return true;
+        }
+    } catch (...) {
+        old->Saved.PutBack();
+        throw;
+    }
+    old->Saved.PutBack();
+    return false;
 }
 
 /// Takes what the members that were active hold into the undo record, so that nothing is left to be destroyed.
 template<class Source>
 bool CReader<Source>::TakeOldMembers(CObjectFrame& frame, const CMember& selector, short from)
 {
-    for (const CMember& member : frame.Form.Members) {
+    return frame.Form.IsTrueOfAll([&](const CMember& member) {
         const CAttribInfor& infor = *member.Infor;
-        if (infor.UnionSelector == nullptr || infor.UnionAttribEnum != from) continue;
+        if (infor.UnionSelector == nullptr || infor.UnionAttribEnum != from) return true;
         if (member.OwnerOffset != selector.OwnerOffset || infor.UnionSelector->Offset != selector.Infor->Offset)
-            continue;
-        if (!TakeAway(m_context.Forms, *m_context.Undo, member, frame.Object)) return false;
-    }
-    return true;
+            return true;
+        return TakeAway(m_context.Forms, *m_context.Undo, member, frame.Object);
+    });
 }
 
 } // namespace vexa::interchange

@@ -39,7 +39,7 @@ struct CHeldValue {
 
 /// A member of a union whose selector may come later.
 struct CLateMember {
-    const CMember* Member;
+    CPathStep Step; ///< as the text names it
     CHeldValue Value;
 };
 
@@ -83,6 +83,7 @@ inline bool IsOpen(const CReadContext& context, const void* object) noexcept
     return false;
 }
 
+struct COldSelector;
 class CLooseElement;
 class CMadeObject;
 struct CInstant;
@@ -187,7 +188,7 @@ private:
     bool TakeUnknownKey(CObjectFrame& frame, const CText& key);
     bool TellUnknownKey(CObjectFrame& frame, const CText& key);
     bool KeepUnknown(CObjectFrame& frame, const CText& key);
-    bool TakeOwnTag(CObjectFrame& frame, const CText& key);
+    bool TakeOwnTag(const CClassForm& form);
     void TellDuplicate(CObjectFrame& frame, const CMember& member);
     void TellMissing(const CObjectFrame& frame);
     void CheckMember(const CMember& member, char* object, std::size_t begin);
@@ -199,6 +200,7 @@ private:
     bool ReadBesideUnions(CObjectFrame& frame, const CMember& member);
     void ReadLateMembers(CObjectFrame& frame);
     bool SelectorMayCome(const CObjectFrame& frame, const CMember& member) const;
+    bool NoteSelector(CObjectFrame& frame, const CMember& member, const std::shared_ptr<COldSelector>& old);
     bool TakeOldMembers(CObjectFrame& frame, const CMember& selector, short from);
 
     // read_container.h

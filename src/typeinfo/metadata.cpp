@@ -4,6 +4,7 @@
 
 #include <vexa/helper.h>
 
+#include "core/utf8.h"
 #include "typeinfo/finished_class.h"
 #include "typeinfo/notes.h"
 
@@ -23,14 +24,24 @@ void CAttribDescription::LogMisuse(const char* call, const char* what) const
                      m_record->Name.c_str(), call, what);
 }
 
+/// Every format has its keys in UTF-8.
+bool CAttribDescription::IsKey(const char* key) const
+{
+    const bool isText = core::IsUtf8(key);
+    if (!isText && m_record != nullptr) LogMisuse("such a key", "UTF-8");
+    return isText;
+}
+
 CAttribDescription& CAttribDescription::Key(const char* key)
 {
+    if (!IsKey(key)) return *this;
     if (auto* const notes = Notes()) notes->Key = key;
     return *this;
 }
 
 CAttribDescription& CAttribDescription::Alias(const char* key)
 {
+    if (!IsKey(key)) return *this;
     if (auto* const notes = Notes()) notes->Aliases.emplace_back(key);
     return *this;
 }
@@ -161,6 +172,10 @@ void CDescriptionBase::TagValue(const char* value)
 void CDescriptionBase::SetTag(const char* key, const CPolymorphic& polymorphic)
 {
     if (m_class == nullptr) return;
+    if (!core::IsUtf8(key)) {
+        helper::LogError("The class %s cannot have such a tag: its key is no UTF-8", m_class->Name.c_str());
+        return;
+    }
     typeinfo::CClassNotes& notes = *typeinfo::NotesToFill(*m_class);
     notes.Tag = key;
     notes.Type = polymorphic.Type;

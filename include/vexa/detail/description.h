@@ -35,9 +35,11 @@ public:
 
     // What the standard formats go by. It changes nothing elsewhere, but for NotOwned().
 
-    /// The key under which it is written and read, whatever the style of the class.
+    /// The key under which it is written and read, whatever the style of the class, in UTF-8; anything else is logged
+    /// and ignored. Where another attribute, described before, has the key as well, that is logged, and this one is
+    /// neither written nor read. The key of the class's tag belongs to the tag.
     CAttribDescription& Key(const char* key);
-    /// One more key under which it is read.
+    /// One more key under which it is read, likewise.
     CAttribDescription& Alias(const char* key);
     /// An object without it is a problem. So is one with null, unless the attribute can be null.
     CAttribDescription& Required();
@@ -77,6 +79,7 @@ private:
     CAttribDescription& Access(Enum::AccessSpecifierEnum access);
     typeinfo::CMemberNotes* Notes();
     void LogMisuse(const char* call, const char* what) const;
+    bool IsKey(const char* key) const;
 
     CClassInfor* m_owner;
     CAttribInfor* m_record; // null while the description is only surveyed
