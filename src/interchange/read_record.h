@@ -103,6 +103,17 @@ bool CReader<Source>::ReadRow(CRow& row)
     return !m_source.HasFailed() || Broken();
 }
 
+/// Gives each row a value in each column; those that are null have the column's type.
+inline void CompleteRows(CTable& table)
+{
+    for (CRow& row : table.Rows) {
+        for (std::size_t i = row.Size(); i < table.Columns.size(); ++i)
+            row.Append();
+        for (std::size_t i = 0; i < row.Size(); ++i)
+            if (row[i].IsNull()) row[i].SetNull(table.Columns[i].DataType);
+    }
+}
+
 /// The columns are the keys, in the order of their first appearance; what a row lacks is null. The type of a column is
 /// that of its first value that is not null.
 template<class Source>
@@ -116,18 +127,13 @@ bool CReader<Source>::ReadTable(CTable& table)
     if (!m_source.EnterArray()) return Broken();
     const CFreshScope fresh(m_context);
     CPathScope path(m_context);
-    for (std::size_t index = 0; m_source.NextElement(); ++index) {
+    bool isWhole = true;
+    for (std::size_t index = 0; isWhole && m_source.NextElement(); ++index) {
         path.Step.To(index);
-        if (!ReadTableRow(table)) return false;
+        isWhole = ReadTableRow(table);
     }
-    if (m_source.HasFailed()) return Broken();
-    for (CRow& row : table.Rows) {
-        for (std::size_t i = row.Size(); i < table.Columns.size(); ++i)
-            row.Append();
-        for (std::size_t i = 0; i < row.Size(); ++i)
-            if (row[i].IsNull()) row[i].SetNull(table.Columns[i].DataType);
-    }
-    return true;
+    CompleteRows(table);
+    return isWhole && (!m_source.HasFailed() || Broken());
 }
 
 template<class Source>
@@ -162,6 +168,7 @@ bool CReader<Source>::ReadTableRow(CTable& table)
         if (column.DataType == Enum::DT_NULL && !row[number].IsNull()) column.DataType = row[number].Type();
         guess = number;
     }
+    path.Step.Kind = StepKind::NONE; // the last key is gone
     return !m_source.HasFailed() || Broken();
 }
 
@@ -186,6 +193,7 @@ bool CReader<Source>::ReadEntries(Entries& entries)
         auto* const object = static_cast<char*>(found->second.Address);
         if (!(object != nullptr ? ReadValue(form, object) : Refuse(ProblemCode::CANNOT_BE_MADE))) return false;
     }
+    path.Step.Kind = StepKind::NONE;
     return !m_source.HasFailed() || Broken();
 }
 
