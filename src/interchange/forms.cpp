@@ -40,13 +40,14 @@ public:
         form.Infor = &infor;
         form.Notes = typeinfo::NotesOf(infor);
         if (form.Notes != nullptr && !form.Notes->Tag.empty()) m_taken.insert(form.Notes->Tag);
-        AddMembers(infor, 0, {});
+        AddMembers(infor, 0, {}, false);
         AddKeys();
     }
 
 private:
     /// \param holders leads from the class to the object of \p infor that lies \p offset bytes inside.
-    void AddMembers(const CClassInfor& infor, unsigned long offset, const std::string& holders)
+    /// What stands inside a confidential attribute is so too.
+    void AddMembers(const CClassInfor& infor, unsigned long offset, const std::string& holders, bool isMasked)
     {
         const typeinfo::CClassNotes* const notes = typeinfo::NotesOf(infor);
         for (const CAttribInfor& attrib : infor.AttribList) {
@@ -55,7 +56,7 @@ private:
             if (own != nullptr && own->IsFlattened && IsPlainClass(attrib.TypeInfor)) {
                 const auto& inner = *static_cast<const CClassInfor*>(attrib.TypeInfor.DetailInfor);
                 m_form.Flattened.push_back({&inner, static_cast<std::uint32_t>(place)});
-                AddMembers(inner, place, holders + attrib.Name + '.');
+                AddMembers(inner, place, holders + attrib.Name + '.', isMasked || attrib.IsMasked != 0);
                 continue;
             }
             const auto* const names = own != nullptr ? own->Enumeration : nullptr;
@@ -65,6 +66,7 @@ private:
             member.Owner = &infor;
             member.OwnerOffset = static_cast<std::uint32_t>(offset);
             member.Notes = own;
+            member.IsMasked = isMasked || attrib.IsMasked != 0;
             AddMember(std::move(member));
         }
     }
@@ -77,7 +79,6 @@ private:
     {
         member.Key = typeinfo::KeyOf(*member.Owner, *member.Infor);
         member.JsonKey = JsonKeyOf(member.Key);
-        member.IsMasked = member.Infor->IsMasked != 0;
         m_form.HasMasked = m_form.HasMasked || member.IsMasked;
         m_form.HasUnions = m_form.HasUnions || member.Infor->UnionSelector != nullptr;
         const bool isKeeper = member.Notes != nullptr && member.Notes->KeepsUnknown;

@@ -23,7 +23,7 @@ bool CReader<Source>::SetAside(const CForm& form, char* container)
 template<class Source>
 bool CReader<Source>::ReadSequence(const CForm& form, char* container)
 {
-    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array");
+    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array", form);
     const CContainerInfor& infor = form.ContainerInfor();
     if (infor.Append == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
     const CContainerForm& parts = m_context.Forms.Of(infor);
@@ -122,7 +122,7 @@ inline bool IsPlainForm(const CForm& form) noexcept { return form.How == Held::D
 template<class Source>
 bool CReader<Source>::ReadInserted(const CForm& form, char* container)
 {
-    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array");
+    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array", form);
     const CContainerInfor& infor = form.ContainerInfor();
     if (infor.Insert == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
     const CContainerForm& parts = m_context.Forms.Of(infor);

@@ -11,7 +11,7 @@ namespace vexa::interchange {
 template<class Source>
 bool CReader<Source>::ReadMap(const CForm& form, char* container)
 {
-    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
+    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object", form);
     const CContainerInfor& infor = form.ContainerInfor();
     if (infor.Insert == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
     if (!m_source.EnterObject()) return Broken();

@@ -21,7 +21,10 @@ bool CReader<Source>::IsPolymorphic(const CForm& form)
 template<class Source>
 bool CReader<Source>::ReadPolymorphic(const CClassInfor& base, CTaggedTarget& target)
 {
-    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
+    if (m_source.Peek() != EventKind::BEGIN_OBJECT) {
+        const CGnlTypeInfor type(Enum::DT_CLASS, 0, &base);
+        return WrongKind("an object", CForm(type, 0, nullptr));
+    }
     if constexpr (std::is_same_v<Source, CEventReader>) {
         if (m_source.Replay() != nullptr) return ReadPolymorphicAgain(base, target);
     }

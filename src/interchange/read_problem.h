@@ -56,6 +56,14 @@ __attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expe
     return true;
 }
 
+/// The same. What stands for objects with confidential attributes may be one of them.
+template<class Source>
+__attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expected, const CForm& form)
+{
+    const bool isHidden = m_context.Forms.ReachesMasked(form);
+    return WrongKind(std::move(expected), isHidden ? Secrecy::HIDDEN : Secrecy::VALUE);
+}
+
 /// Passes over the next value, which cannot be taken whatever it is.
 template<class Source>
 __attribute__((cold, noinline)) bool CReader<Source>::Refuse(ProblemCode code, std::string expected)

@@ -139,6 +139,7 @@ private:
     void Tell(CProblem problem, std::size_t begin, std::size_t end, Secrecy secrecy = Secrecy::VALUE);
     void Tell(ProblemCode code, std::size_t begin, std::size_t end, std::string expected = {}, std::string found = {});
     bool WrongKind(std::string expected, Secrecy secrecy = Secrecy::VALUE);
+    bool WrongKind(std::string expected, const CForm& form);
     bool Refuse(ProblemCode code, std::string expected = {});
     bool RefuseOpen() { return Refuse(ProblemCode::CANNOT_BE_MADE, "an object that is not being read already"); }
     bool TellNumber(NumberVerdict verdict, const CNumber& number, std::size_t begin, std::string range);

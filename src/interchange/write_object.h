@@ -149,7 +149,8 @@ bool CWritingWalk<Sink>::IsLeftOut(const CClassForm& form, const CMember& member
     if (member.Infor->UnionSelector != nullptr &&
         !reference::IsActiveWithSelectors(*member.Infor, object + member.OwnerOffset))
         return true;
-    if (member.IsMasked && policy.Masked != MaskedValues::WRITE) return policy.Masked == MaskedValues::LEAVE_OUT;
+    if (member.IsMasked && policy.Masked != MaskedValues::WRITE) // the keys that are kept are confidential too
+        return policy.Masked == MaskedValues::LEAVE_OUT || member.Number == form.Keeper;
     if (policy.LeaveOutNulls && IsNull(member, object)) return true;
     const bool isOmitted = policy.LeaveOutDefaults || (notes != nullptr && notes->IsOmittedIfDefault);
     return isOmitted && !m_context.IsComplete() && m_defaults.IsDefault(form, member, object);
@@ -171,8 +172,12 @@ template<class Sink>
 bool CWritingWalk<Sink>::IsNullShape(const CForm& form, const char* value)
 {
     using detail::ShapeKind;
-    if (form.Shape->Kind == ShapeKind::OPTIONAL)
-        return form.ShapeOperations<detail::COptionalOperations>().Get(value) == nullptr;
+    if (form.Shape->Kind == ShapeKind::RAW_JSON) return reinterpret_cast<const CRawJson*>(value)->IsNull();
+    if (form.Shape->Kind == ShapeKind::JSON_TREE) return reinterpret_cast<const CJsonTree*>(value)->IsNull();
+    if (form.Shape->Kind == ShapeKind::OPTIONAL) {
+        const void* const inner = form.ShapeOperations<detail::COptionalOperations>().Get(value);
+        return inner == nullptr || IsNull(PartOf(form, 0), static_cast<const char*>(inner));
+    }
     if (form.Shape->Kind != ShapeKind::VARIANT) return false;
     const auto& operations = form.ShapeOperations<detail::CVariantOperations>();
     const unsigned int number = operations.Index(value);
