@@ -112,6 +112,7 @@ struct CMember : CForm {
     std::string Holders;      ///< a flattened one: the names that lead to its owner, each with a point behind it
     std::uint32_t Number = 0; ///< its place in CClassForm::Members
     bool IsMasked = false;
+    bool HasKey = false; ///< whether its key leads to it: not where it keeps the unknown ones
     const CAttribInfor* Infor = nullptr;
     const CClassInfor* Owner = nullptr; ///< the class whose attribute it is: a flattened one or the class itself
     std::uint32_t OwnerOffset = 0; ///< from the object to the one whose attribute it is: a flattened one or the object

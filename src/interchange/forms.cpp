@@ -112,8 +112,10 @@ private:
             keys.push_back(key);
             m_form.KeyOwners.push_back(member.Number);
         };
-        for (const CMember& member : m_form.Members)
-            if (member.Number != m_form.Keeper) add(member.Key, member);
+        for (CMember& member : m_form.Members) {
+            member.HasKey = member.Number != m_form.Keeper;
+            if (member.HasKey) add(member.Key, member);
+        }
         for (const CMember& member : m_form.Members) {
             if (member.Notes == nullptr) continue;
             for (const std::string& alias : member.Notes->Aliases)

@@ -37,6 +37,8 @@ __attribute__((noinline)) void CReader<Source>::CheckObject(const CObjectFrame& 
         } catch (const std::exception& exception) {
             complaint = exception.what();
             if (complaint.empty()) complaint = "an exception";
+        } catch (...) {
+            complaint = "an exception";
         }
         if (complaint.empty()) return;
         CProblem problem;

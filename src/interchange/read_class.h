@@ -84,10 +84,10 @@ bool CReader<Source>::ReadKeys(CObjectFrame& frame)
     CText key;
     for (;;) {
         const CMember* member = next;
-        const bool isGuessed = next != end && NextKeyIs(*next);
+        const bool isGuessed = next != end && next->HasKey && NextKeyIs(*next);
         if (__builtin_expect(!isGuessed, 0)) {
             if (!m_source.NextKey(key)) break;
-            if (next == end || key.Text != next->Key) member = form.Find(key.Text);
+            if (next == end || !next->HasKey || key.Text != next->Key) member = form.Find(key.Text);
         }
         if (__builtin_expect(member == nullptr, 0)) {
             frame.Step.Kind = StepKind::NONE;

@@ -1,6 +1,8 @@
 #ifndef VEXA_INTERCHANGE_READ_UNION_H
 #define VEXA_INTERCHANGE_READ_UNION_H
 
+#include <algorithm>
+
 #include "interchange/read_class.h"
 #include "interchange/read_set_aside.h"
 #include "reference/saved_selector.h"
@@ -12,7 +14,23 @@
 
 namespace vexa::interchange {
 
-/// Whether a selector that the text may still name decides about the member.
+/// Whether a member has been given, but not read yet.
+inline bool Waits(const CObjectFrame& frame, const CMember& member)
+{
+    return std::any_of(frame.Late.begin(), frame.Late.end(),
+                       [&](const CLateMember& late) { return late.Step.Member == &member; });
+}
+
+/// In how many unions, one inside the other, a member is.
+inline unsigned int UnionDepth(const CMember& member)
+{
+    unsigned int depth = 0;
+    for (const CAttribInfor* attrib = member.Infor; attrib->UnionSelector != nullptr; attrib = attrib->UnionSelector)
+        ++depth;
+    return depth;
+}
+
+/// Whether a selector that the text may still name, or that waits itself, decides about the member.
 template<class Source>
 bool CReader<Source>::SelectorMayCome(const CObjectFrame& frame, const CMember& member) const
 {
@@ -21,7 +39,7 @@ bool CReader<Source>::SelectorMayCome(const CObjectFrame& frame, const CMember& 
         const bool isIt = other.OwnerOffset == member.OwnerOffset && other.Infor->Offset == selector.Offset &&
                           other.Infor->TypeInfor.DataType == selector.TypeInfor.DataType;
         if (isIt && other.Infor->UnionSelector == selector.UnionSelector)
-            return m_context.Firsts[frame.Base + other.Number] == 0;
+            return m_context.Firsts[frame.Base + other.Number] == 0 || Waits(frame, other);
     }
     return false;
 }
@@ -51,12 +69,15 @@ bool CReader<Source>::ReadIfActive(CObjectFrame& frame, const CMember& member)
     return true;
 }
 
-/// At the end of the object, in the order of the text; those whose selectors are unions' members themselves find them
-/// read by then.
+/// At the end of the object, in the order of the text, but selectors that are unions' members themselves before what
+/// they decide about.
 template<class Source>
 __attribute__((noinline)) void CReader<Source>::ReadLateMembers(CObjectFrame& frame)
 {
-    const std::vector<CLateMember> late = std::move(frame.Late);
+    std::vector<CLateMember> late = std::move(frame.Late);
+    std::stable_sort(late.begin(), late.end(), [](const CLateMember& left, const CLateMember& right) {
+        return UnionDepth(*left.Step.Member) < UnionDepth(*right.Step.Member);
+    });
     for (const CLateMember& member : late) {
         frame.Step = member.Step;
         Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Step.Member); });

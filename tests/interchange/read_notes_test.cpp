@@ -16,6 +16,24 @@
 
 namespace noted {
 
+/// Keeps unknown keys between two others; its name is no key.
+struct Keeper {
+    int first = 0;
+    std::map<std::string, vexa::CRawJson> rest;
+    int last = 0;
+};
+VEXA_DESCRIBE_CLASS(Keeper)
+{
+    about.UnknownKeys(vexa::UnknownKeys::KEEP);
+    about.Attrib("first", &Keeper::first);
+    about.Attrib("rest", &Keeper::rest).KeepsUnknown();
+    about.Attrib("last", &Keeper::last);
+    about.Check([](const Keeper& keeper) {
+        if (keeper.last == 9) throw 9;
+        return std::string();
+    });
+}
+
 struct Limits {
     int low = 0;
     int high = 10;
@@ -201,6 +219,23 @@ TEST(ReadNotes, TakesTheOneAlternativeThatFits)
     EXPECT_EQ("20 12+3 1:13 path=any[1] pointer=/any/1 expected=an integer found=a string "
               "excerpt={\"any\": [1, \"a\"]}\n",
               index("[1, \"a\"]"));
+}
+
+TEST(ReadNotes, KeepsAnUnknownKeyThatIsNamedLikeItsKeeper)
+{
+    noted::Keeper keeper;
+    for (const char* const text : {R"({"first":1,"rest":[2],"last":3})", R"({"rest":[2],"first":1,"last":3})",
+                                   R"({"first":1,"\u0072est":[2],"last":3})"}) {
+        EXPECT_EQ("", Read(keeper, text));
+        EXPECT_EQ(R"({"first":1,"rest":[2],"last":3})", vexa::WriteJson(keeper)) << text;
+    }
+}
+
+TEST(ReadNotes, TellsAnythingThatACheckThrows)
+{
+    noted::Keeper keeper;
+    EXPECT_EQ("40 0+1 1:1 class=noted::Keeper found=an exception excerpt={\"last\":9}\n",
+              Read(keeper, R"({"last":9})"));
 }
 
 } // namespace

@@ -70,6 +70,14 @@ struct Holder {
     std::optional<Fixed> none;
     int number = 0;
 };
+/// Whose order is told when they are made.
+using Order = bool (*)(int, int);
+struct Ordered {
+    std::set<int, Order> set{[](int left, int right) { return left > right; }};
+    std::map<int, std::string, Order> map{[](int left, int right) { return left > right; }};
+    std::unordered_map<int, int, std::size_t (*)(int)> hashed{8, [](int key) { return static_cast<std::size_t>(key); }};
+};
+VEXA_DESCRIBE(Ordered, set, map, hashed)
 VEXA_DESCRIBE(Fixed, number, text)
 VEXA_DESCRIBE(Holder, maybe, none, number)
 
@@ -143,6 +151,24 @@ TEST(ReadUndo, LeavesOptionalsThatCannotBeMovedAsTheyWere)
     EXPECT_EQ("", read(R"({"maybe":{"number":2},"none":{"text":"n"}})"));
     EXPECT_EQ(R"({"maybe":{"number":2,"text":"f"},"none":{"number":1,"text":"n"},"number":0})",
               vexa::WriteJson(holder));
+}
+
+TEST(ReadUndo, KeepsTheOrderOfContainers)
+{
+    undone::Ordered ordered;
+    vexa::CReadPolicy policy;
+    policy.Transactional = true;
+    vexa::CReport report;
+    EXPECT_TRUE(vexa::ReadJson(ordered, R"({"set":[1,3,2],"map":{"1":"a","2":"b"},"hashed":{"7":8}})", report, policy));
+    const std::string before = R"({"set":[3,2,1],"map":{"2":"b","1":"a"},"hashed":{"7":8}})";
+    EXPECT_EQ(before, vexa::WriteJson(ordered));
+    EXPECT_FALSE(vexa::ReadJson(ordered, R"({"set":[5,6],"map":{"5":"c","6":""},"hashed":{},"no":1})", report, policy));
+    EXPECT_EQ(before, vexa::WriteJson(ordered));
+    ordered.set.insert(4);
+    EXPECT_EQ(4, *ordered.set.begin());
+    EXPECT_TRUE(vexa::ReadJson(ordered, R"({"set":[],"map":{}})", report, policy));
+    EXPECT_TRUE(vexa::ReadJson(ordered, R"({"set":[5,6],"map":{"5":"c","6":""}})", report, policy));
+    EXPECT_EQ(R"({"set":[6,5],"map":{"6":"","5":"c"},"hashed":{"7":8}})", vexa::WriteJson(ordered));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <string>
@@ -52,6 +53,28 @@ VEXA_DESCRIBE_CLASS(Owner)
     about.Attrib("text", &Owner::text).ActiveWhen("kind", 1);
     about.Attrib("numbers", &Owner::numbers).ActiveWhen("kind", 2);
     about.Attrib("plain", &Owner::plain).ActiveWhen("kind", 3);
+}
+
+/// The selector of the inner union is a member of the outer one.
+struct Nested {
+    int outer = 0;
+    union {
+        int inner;
+        double real;
+    };
+    union {
+        int number;
+        float small;
+    };
+    Nested() : inner(0), number(0) {}
+};
+VEXA_DESCRIBE_CLASS(Nested)
+{
+    about.Attrib("outer", &Nested::outer);
+    about.Attrib("inner", &Nested::inner).ActiveWhen("outer", 1);
+    about.Attrib("real", &Nested::real).ActiveWhen("outer", 2);
+    about.Attrib("number", &Nested::number).ActiveWhen("inner", 3);
+    about.Attrib("small", &Nested::small).ActiveWhen("inner", 4);
 }
 
 } // namespace unions
@@ -118,6 +141,20 @@ TEST(ReadUnion, IsUndoneWithWhatTheOldMemberOwned)
     EXPECT_EQ(2, owner.kind);
     EXPECT_EQ((std::vector<int>{1, 2, 3}), owner.numbers);
     EXPECT_EQ(numbers, owner.numbers.data());
+}
+
+TEST(ReadUnion, ReadsSelectorsThatAreMembersOfUnionsInAnyOrder)
+{
+    std::vector<std::string> parts = {R"("inner":3)", R"("number":5)", R"("outer":1)"};
+    do {
+        for (const bool isTransactional : {false, true}) {
+            unions::Nested nested;
+            vexa::CReadPolicy policy;
+            policy.Transactional = isTransactional;
+            EXPECT_EQ("", Read(nested, "{" + parts[0] + "," + parts[1] + "," + parts[2] + "}", policy)) << parts[0];
+            EXPECT_EQ(R"({"outer":1,"inner":3,"number":5})", vexa::WriteJson(nested));
+        }
+    } while (std::next_permutation(parts.begin(), parts.end()));
 }
 
 } // namespace

@@ -110,11 +110,34 @@ void FillClear(CContainerInfor& infor)
     };
 }
 
+/// An empty container of the same comparison, or hash, as another. One that is made anew may have none: a null pointer
+/// to a function.
+template<class Container, class = void>
+struct CSameOrder {
+    static void Take(Container&, const Container&) {}
+};
+template<class Container>
+struct CSameOrder<Container, std::enable_if_t<!std::is_empty_v<typename Container::key_compare>>> {
+    static void Take(Container& empty, const Container& other) { empty = Container(other.key_comp()); }
+};
+template<class Container>
+struct CSameOrder<Container, std::enable_if_t<!std::is_empty_v<typename Container::hasher> ||
+                                              !std::is_empty_v<typename Container::key_equal>>> {
+    static void Take(Container& empty, const Container& other)
+    {
+        empty = Container(0, other.hash_function(), other.key_eq());
+    }
+};
+
 template<class Container>
 void FillSwap(CContainerInfor& infor)
 {
-    SetSwap(infor,
-            [](void* left, void* right) { static_cast<Container*>(left)->swap(*static_cast<Container*>(right)); });
+    SetSwap(infor, [](void* left, void* right) {
+        auto& mine = *static_cast<Container*>(left);
+        auto& other = *static_cast<Container*>(right);
+        if (std::empty(other)) CSameOrder<Container>::Take(other, mine);
+        mine.swap(other);
+    });
 }
 
 /// Whether elements stay where they are when others come.
