@@ -74,13 +74,15 @@ bool CReader<Source>::ReadIfActive(CObjectFrame& frame, const CMember& member)
 template<class Source>
 __attribute__((noinline)) void CReader<Source>::ReadLateMembers(CObjectFrame& frame)
 {
-    std::vector<CLateMember> late = std::move(frame.Late);
-    std::stable_sort(late.begin(), late.end(), [](const CLateMember& left, const CLateMember& right) {
-        return UnionDepth(*left.Step.Member) < UnionDepth(*right.Step.Member);
-    });
-    for (const CLateMember& member : late) {
-        frame.Step = member.Step;
-        Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Step.Member); });
+    const std::vector<CLateMember> late = std::move(frame.Late);
+    std::size_t left = late.size();
+    for (unsigned int depth = 0; left != 0; ++depth) {
+        for (const CLateMember& member : late) {
+            if (UnionDepth(*member.Step.Member) != depth) continue;
+            frame.Step = member.Step;
+            Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Step.Member); });
+            --left;
+        }
     }
     frame.Step.Kind = StepKind::NONE;
 }
