@@ -105,8 +105,8 @@ public:
     virtual void RawJson(std::string_view json);
 };
 
-/// JSON as events: for a sink of another format, or a reader of one's own. A whole text must stay as long as the source;
-/// one in pieces takes memory for one of them and one token, and an exception of \p input is a problem, but
+/// JSON as events: for a sink of another format, or a reader of one's own. A whole text must stay as long as the
+/// source; one in pieces takes memory for one of them and one token, and an exception of \p input is a problem, but
 /// std::bad_alloc, which goes through. Throws std::bad_alloc.
 VEXA_API std::unique_ptr<CEventSource> JsonEvents(std::string_view text, const CReadPolicy& policy = {});
 VEXA_API std::unique_ptr<CEventSource> JsonEvents(InputFunction input, const CReadPolicy& policy = {});

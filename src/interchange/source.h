@@ -36,8 +36,8 @@
 ///     std::size_t SizeHint();        of the array or object just entered: how many elements at least are worth
 ///                                    reserving for; 0 if not known
 ///
-/// Peek() and the calls that consume are for where a value is due: first, and after NextElement() or NextKey() has given
-/// true. A source may have, to be found out at compile time:
+/// Peek() and the calls that consume are for where a value is due: first, and after NextElement() or NextKey() has
+/// given true. A source may have, to be found out at compile time:
 ///
 ///     bool NextKeyIs(std::string_view written);  NextKey() for the key that is expected: true if the next one is
 ///                                    written just so, as `"key":`; otherwise nothing has happened, and NextKey() is

@@ -233,9 +233,6 @@ TEST(ReadValues, TakesBytesOfBase64)
     }
 }
 
-TEST(ReadValues, TellsWhatFollows)
-{
-    EXPECT_EQ("3 2+1 1:3 found='2' excerpt=1 2\n", Show<int>("1 2"));
-}
+TEST(ReadValues, TellsWhatFollows) { EXPECT_EQ("3 2+1 1:3 found='2' excerpt=1 2\n", Show<int>("1 2")); }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <vexa/interchange.h>
+#include <vexa/json_tree.h>
 #include <vexa/vexa.h>
 
 #include "support/random_values.h"
@@ -229,9 +230,19 @@ inline std::size_t CountOf(const std::string& text, const std::string& part)
     return count;
 }
 
+/// Whether brackets that are missing may have made a key inside a confidential attribute one of another object's.
+inline bool IsStrayKey(const std::string& text, const std::string& word)
+{
+    if (text.find('"' + word + "\":") == std::string::npos) return false;
+    vexa::CJsonTree tree;
+    vexa::CReport report;
+    return !vexa::ReadJson(tree, text, report);
+}
+
 /// Whether the word still stands where it is confidential, and nowhere else: a changed text may give it away itself.
 inline bool IsStillSecret(const std::string& text, const CSecret& secret)
 {
+    if (IsStrayKey(text, secret.Word)) return false;
     const std::size_t count = CountOf(text, secret.Context);
     for (std::size_t i = 0; i + TELLING <= secret.Word.size(); ++i) {
         if (CountOf(text, secret.Word.substr(i, TELLING)) != count) return false;
