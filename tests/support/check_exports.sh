@@ -9,9 +9,9 @@ if [[ $exported != *'vexa::'* ]]; then
     echo "nothing of the namespace vexa is exported"
     exit 1
 fi
-stray=$(grep -vE '^vexa::(Enum::|helper::|detail::)?~?[A-Za-z_]|^___Coredump_due_to_assertion_failure___|^_(init|fini)$' \
+stray=$(grep -vE '^((vtable|typeinfo|typeinfo name) for )?vexa::(Enum::|helper::|detail::)?~?[A-Za-z_]|^___Coredump_due_to_assertion_failure___|^_(init|fini)$' \
     <<< "$exported" || true)
-private=$(grep -E '^vexa::(core|typeinfo|reference|text|record|interchange)::' <<< "$exported" || true)
+private=$(grep -E '^((vtable|typeinfo|typeinfo name) for )?vexa::(core|typeinfo|reference|text|record|interchange)::' <<< "$exported" || true)
 if [[ -n $stray$private ]]; then
     printf 'exported by mistake:\n%s\n%s\n' "$stray" "$private"
     exit 1
