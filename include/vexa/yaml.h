@@ -11,10 +11,9 @@
 /// own (CMake: ordana::yaml; pkg-config: ordana-yaml), which is there where libyaml was when the package was built.
 ///
 /// Plain scalars mean what the core schema says (`~`, `true`, `0x1F`, `.inf`; `yes` and `1_000` are texts), quoted ones
-/// are texts, the tags of the core schema are obeyed and others passed over. A stream has one document. A key is a
-/// scalar, and is given once. An alias stands for what its anchor has: that may amount to CReadPolicy::MaxBytes with
-/// the text itself; without such a bound to 8 MiB or ten times the text, where every event counts 8 bytes more than its
-/// text. A longer one is ProblemCode::TOO_LONG.
+/// are texts, and so is what has the tag `!`, `!!str` or `!!binary`; other tags are passed over. A stream has one
+/// document. A key is a scalar. An alias stands for what its anchor has, within the bound that CEventSource tells; a
+/// longer text is ProblemCode::TOO_LONG.
 
 namespace vexa {
 

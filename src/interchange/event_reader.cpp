@@ -1,5 +1,6 @@
 #include "interchange/event_reader.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "interchange/read_phrase.h"
@@ -23,6 +24,9 @@ const CReadPolicy& WithoutBounds()
 /// More room than this is not taken on a format's word.
 constexpr std::size_t MOST_RESERVED = 65536;
 
+constexpr std::size_t EXPANSION = std::size_t{8} << 20U;
+constexpr std::size_t EXPANSION_FACTOR = 10;
+
 } // namespace
 
 CEventReader::CEventReader(CReplay& replay) : m_source(replay), m_policy(WithoutBounds()), m_replay(&replay) {}
@@ -38,15 +42,26 @@ bool CEventReader::Fail(ProblemCode code, std::string expected)
     return false;
 }
 
+/// Without a bound, aliases have one of their own.
+bool CEventReader::IsShortEnough()
+{
+    m_told = std::max(m_told, m_event.Offset + m_event.Length);
+    const bool isBounded = m_policy.MaxBytes != CReadPolicy::NO_LIMIT;
+    const std::size_t most = isBounded ? m_policy.MaxBytes : m_told + std::max(EXPANSION, EXPANSION_FACTOR * m_told);
+    const std::size_t repeated = m_aliases.RepeatedBytes();
+    if (m_told <= most && repeated <= most - m_told) return true;
+    return Fail(ProblemCode::TOO_LONG, AtMost(most, "byte"));
+}
+
 bool CEventReader::IsWithinBounds()
 {
-    if (m_event.Offset + m_event.Length > m_policy.MaxBytes)
-        return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxBytes, "byte"));
+    if (m_replay != nullptr) return true;
+    if (!IsShortEnough()) return false;
     const bool isText =
         m_event.Kind == EventKind::STRING || m_event.Kind == EventKind::BYTES || m_event.Kind == EventKind::KEY;
     if (isText && m_event.Text.size() > m_policy.MaxTextLength)
         return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxTextLength, "byte") + " of text");
-    return m_replay != nullptr || m_event.Kind == EventKind::BYTES || !isText || IsGoodText();
+    return m_event.Kind == EventKind::BYTES || !isText || IsGoodText();
 }
 
 /// By the policy, other bytes are mended.
@@ -68,8 +83,13 @@ bool CEventReader::Look()
     if (m_hasEvent) return !m_hasFailed;
     if (m_hasFailed) return false;
     m_event = CEvent();
-    if (!m_source.Next(m_event, m_problem)) {
+    if (!(m_replay != nullptr ? m_source.Next(m_event, m_problem) : m_aliases.Next(m_source, m_event, m_problem))) {
         m_hasFailed = true;
+        if (m_problem.Code == ProblemCode::NONE) m_problem.Code = ProblemCode::SYNTAX;
+        if (m_problem.Place.Offset == CTextPlace::NOWHERE) {
+            m_problem.Place.Offset = m_event.Offset;
+            m_problem.Place.Length = m_event.Length;
+        }
         return false;
     }
     m_hasEvent = true;
@@ -80,6 +100,7 @@ EventKind CEventReader::Peek()
 {
     if (!Look()) return EventKind::END;
     const EventKind kind = m_event.Kind;
+    if (kind == EventKind::END) Fail(ProblemCode::UNEXPECTED_END, "a value");
     if (kind == EventKind::KEY || kind == EventKind::END_ARRAY || kind == EventKind::END_OBJECT) {
         Fail(ProblemCode::SYNTAX, "a value");
         return EventKind::END;

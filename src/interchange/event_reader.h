@@ -7,6 +7,7 @@
 #include <vexa/event.h>
 #include <vexa/policy.h>
 
+#include "interchange/aliases.h"
 #include "interchange/source.h"
 
 namespace vexa::interchange {
@@ -14,7 +15,7 @@ namespace vexa::interchange {
 class CReplay;
 
 /// The reader's source over any format's events (see source.h), with one event of look-ahead. It holds the bounds of
-/// the policy: depth, bytes, elements and the length of texts.
+/// the policy: depth, bytes with those that aliases stand for, elements and the length of texts.
 class CEventReader {
 public:
     /// \p source and \p policy must outlive this.
@@ -58,6 +59,7 @@ private:
     bool Leave(EventKind kind);
     bool CountOne();
     bool IsWithinBounds();
+    bool IsShortEnough();
     bool IsGoodText();
     bool Fail(ProblemCode code, std::string expected);
 
@@ -68,6 +70,8 @@ private:
     bool m_hasEvent = false; ///< m_event has not been taken
     bool m_hasFailed = false;
     std::size_t m_end = 0;
+    std::size_t m_told = 0; ///< bytes of the text that have been told
+    CAliases m_aliases;
     std::vector<std::size_t> m_counts; ///< for each open array or object: how many values have begun
     CProblem m_problem;
     std::string m_mended; ///< a text with something in place of what is no UTF-8

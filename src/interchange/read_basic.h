@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/read_time.h"
+#include "interchange/json_number.h"
 #include "interchange/nearest.h"
 #include "interchange/read_key.h"
 #include "interchange/read_problem.h"
@@ -43,15 +44,39 @@ inline bool CReader<Source>::ReadBasic(const CForm& form, char* place)
     }
 }
 
+/// A number, which may be a text of its digits in a format without such numbers.
+/// \param isGood whether there is one; the problem is told otherwise.
+template<class Source>
+bool CReader<Source>::TakeDigits(CNumber& number, bool& isGood)
+{
+    const EventKind kind = m_source.Peek();
+    const std::size_t begin = m_source.Offset();
+    isGood = IsNumber(kind);
+    if (isGood) return m_source.Number(number) || Broken();
+    if (kind != EventKind::STRING || m_source.Abilities().HasDecimals) return WrongKind("a number");
+    CText text;
+    if (!m_source.String(text)) return Broken();
+    const char* const end = text.Text.data() + text.Text.size();
+    isGood = ScanNumber(text.Text.data(), end, number) == end;
+    if (!isGood) Tell(ProblemCode::BAD_TEXT, begin, m_source.EndOffset(), "a number", ShownText(text.Text));
+    return true;
+}
+
 template<class Source>
 template<class T>
 inline bool CReader<Source>::ReadNumber(char* place)
 {
-    if (__builtin_expect(!IsNumber(m_source.Peek()), 0))
-        return WrongKind(std::is_integral_v<T> ? "an integer" : "a number");
+    const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     CNumber number;
-    if (!m_source.Number(number)) return Broken();
+    if constexpr (std::is_same_v<T, long double>) {
+        bool isGood = true;
+        const bool isRead = TakeDigits(number, isGood);
+        if (!isRead || !isGood) return isRead;
+    } else {
+        if (__builtin_expect(!IsNumber(kind), 0)) return WrongKind(std::is_integral_v<T> ? "an integer" : "a number");
+        if (!m_source.Number(number)) return Broken();
+    }
     T value;
     const NumberVerdict verdict = ConvertNumber(number, value);
     if (__builtin_expect(verdict != NumberVerdict::GOOD, 0)) return TellNumber(verdict, number, begin, RangeOf<T>());
@@ -178,10 +203,11 @@ bool CReader<Source>::ReadNumeric(CNumeric& number)
     if (kind == EventKind::NULL_VALUE) {
         if (!m_source.Null()) return Broken();
     } else {
-        if (!IsNumber(kind)) return WrongKind("a number");
         const std::size_t begin = m_source.Offset();
         CNumber found;
-        if (!m_source.Number(found)) return Broken();
+        bool isGood = true;
+        const bool isRead = TakeDigits(found, isGood);
+        if (!isRead || !isGood) return isRead;
         const NumberVerdict verdict = NumericOf(found, read);
         if (verdict != NumberVerdict::GOOD)
             return TellNumber(verdict, found, begin, "at most " + std::to_string(MOST_DIGITS) + " digits");

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "interchange/write_number.h"
+
 namespace vexa::interchange {
 
 namespace {
@@ -164,8 +166,9 @@ NumberVerdict NumericOf(const CNumber& number, CNumeric& value)
 {
     if (number.Kind == CNumber::Form::FLOATING) {
         if (!std::isfinite(number.Floating)) return NumberVerdict::OUT_OF_RANGE;
-        value = CNumeric(number.Floating);
-        return NumberVerdict::GOOD;
+        char digits[NUMBER_ROOM];
+        const char* const end = WriteShortest(digits, number.Floating);
+        return NumericOfDigits(CDecimal({digits, static_cast<std::size_t>(end - digits)}), value);
     }
     if (!number.Digits.empty()) return NumericOfDigits(CDecimal(number.Digits), value);
     SetNumeric(value, number.IsNegative, std::to_string(number.Magnitude), {});

@@ -23,6 +23,7 @@ std::string_view PhraseOf(EventKind kind)
     case EventKind::KEY: return "a key";
     case EventKind::END_OBJECT: return "the end of an object";
     case EventKind::END_ARRAY: return "the end of an array";
+    case EventKind::ALIAS: return "an alias";
     case EventKind::END: break;
     }
     return "the end of the text";

@@ -153,6 +153,7 @@ private:
     bool ReadDateTime(CDateTime& time);
     bool ReadTm(tm& fields);
     bool ReadBinary(CBinary& bytes);
+    bool TakeDigits(CNumber& number, bool& isGood);
     bool ReadNumeric(CNumeric& number);
     bool ReadEnumeration(const CForm& form, char* place);
     bool ReadEnumerator(const CForm& form, char* place);

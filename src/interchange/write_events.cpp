@@ -6,6 +6,7 @@
 
 #include "core/packed_time.h"
 #include "interchange/event_writer.h"
+#include "interchange/raw_json.h"
 #include "interchange/write_all.h"
 #include "interchange/write_number.h"
 
@@ -20,19 +21,31 @@ CEventWriter::Cursor CEventWriter::Floating(Cursor at, T value)
     const auto nearest = static_cast<double>(value);
     if (std::is_same_v<T, long double> && std::isfinite(value) && static_cast<T>(nearest) != value) {
         char digits[NUMBER_ROOM];
-        m_sink.Number({digits, static_cast<std::size_t>(WriteShortest(digits, value) - digits)});
+        const std::string_view text(digits, static_cast<std::size_t>(WriteShortest(digits, value) - digits));
+        m_abilities.HasDecimals ? m_sink.Number(text) : m_sink.String(text);
+    } else if constexpr (std::is_same_v<T, float>) {
+        m_sink.Float(value);
     } else {
         m_sink.Floating(nearest);
     }
     return at;
 }
 
+/// Where digits are none of the format's, only what reads back digit for digit is a number.
 CEventWriter::Cursor CEventWriter::Decimal(Cursor at, const CDecimal& value)
 {
     std::string digits(value.IsNegative ? "-" : "");
     digits += value.Integer.empty() ? "0" : value.Integer;
     if (!value.Fraction.empty()) digits.append(".").append(value.Fraction);
-    m_sink.Number(digits);
+    const CNumberChoice choice = m_abilities.HasDecimals ? CNumberChoice() : ChoiceOf(digits);
+    if (m_abilities.HasDecimals)
+        m_sink.Number(digits);
+    else if (choice.Kind == CNumberChoice::Form::SIGNED && std::to_string(choice.Signed) == digits)
+        m_sink.Signed(choice.Signed);
+    else if (choice.Kind == CNumberChoice::Form::FLOATING && PlainNumber(choice.Floating) == digits)
+        m_sink.Floating(choice.Floating);
+    else
+        m_sink.String(digits);
     return at;
 }
 
@@ -54,8 +67,10 @@ CEventWriter::Cursor CEventWriter::Time(Cursor at, const CDateTime& time, std::s
     const bool isLocal = core::IsPacked(time.TimeWord) && core::PACKED_UTC.Get(time.TimeWord) == 0;
     if (m_abilities.HasDateTime && !isLocal)
         m_sink.DateTime(time);
-    else
+    else if (isLocal)
         m_sink.String(text);
+    else
+        m_sink.TimeText(text);
     return at;
 }
 

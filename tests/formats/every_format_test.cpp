@@ -151,9 +151,13 @@ CJsonTree ThroughJson(const CJsonTree& tree)
 }
 CJsonTree ThroughYaml(const CJsonTree& tree)
 {
-    return Through(
-        [](const CJsonTree& from, std::string& text) { return vexa::WriteYaml(text, from); },
-        [](CJsonTree& to, const std::string& text, CReport& report) { return vexa::ReadYaml(to, text, report); }, tree);
+    return Through([](const CJsonTree& from, std::string& text) { return vexa::WriteYaml(text, from); },
+                   [](CJsonTree& to, const std::string& text, CReport& report) {
+                       vexa::CReadPolicy policy;
+                       policy.MaxBytes = text.size(); // which nothing but aliases goes beyond
+                       return vexa::ReadYaml(to, text, report, policy);
+                   },
+                   tree);
 }
 CJsonTree ThroughCbor(const CJsonTree& tree)
 {

@@ -49,7 +49,7 @@ inline CGroup Numbers()
         TYPE_ROW(
             unsigned long, 18446744073709551615UL,
             {"18446744073709551615", "18446744073709551615", "18446744073709551615", "1b ff ff ff ff ff ff ff ff"}),
-        TYPE_ROW(float, 0.1F, {"0.100000", "0.1", "0.10000000149011612", "fa 3d cc cc cd"}),
+        TYPE_ROW(float, 0.1F, {"0.100000", "0.1", "0.1", "fa 3d cc cc cd"}),
         TYPE_ROW(double, 1e21, {"1000000000000000000000.000000", "1e+21", "1e+21", "fb 44 4b 1a e4 d6 e2 ef 50"}),
         TYPE_ROW(double, 2, {"2.000000", "2.0", "2.0", "f9 40 00"}),
         TYPE_ROW(long double, 0.1L, {"0.100000", "0.1", "0.1", "c4 82 20 01"}),

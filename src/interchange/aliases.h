@@ -1,0 +1,51 @@
+#ifndef VEXA_INTERCHANGE_ALIASES_H
+#define VEXA_INTERCHANGE_ALIASES_H
+
+#include <cstddef>
+#include <deque>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <vexa/event.h>
+
+namespace vexa::interchange {
+
+/// The events of a source, with those of what an alias stands for in its place. What has an anchor is kept, once.
+class CAliases {
+public:
+    bool Next(CEventSource& source, CEvent& event, CProblem& problem);
+    /// What the events that were told again amount to.
+    std::size_t RepeatedBytes() const noexcept { return m_repeatedBytes; }
+
+private:
+    using CRange = std::pair<std::size_t, std::size_t>; ///< of m_kept
+
+    struct CKept {
+        CEvent Event;
+        CRange Alias; ///< what an ALIAS stands for
+    };
+    struct CAnchor {
+        std::string Name;
+        std::size_t First; ///< in m_kept
+        std::size_t Depth;
+    };
+
+    bool Take(CEventSource& source, CKept& taken, CProblem& problem);
+    bool FindAnchor(CKept& alias, CProblem& problem) const;
+    void Keep(const CKept& taken);
+
+    CNesting m_nesting;      ///< of what is told
+    std::size_t m_depth = 0; ///< of the source, from the outermost open anchor on
+    std::vector<CAnchor> m_open;
+    std::map<std::string, CRange, std::less<>> m_anchors; ///< that are whole
+    std::vector<CKept> m_kept;
+    std::deque<std::string> m_texts;
+    std::vector<CRange> m_aliases; ///< what comes next, the innermost last
+    std::size_t m_repeatedBytes = 0;
+};
+
+} // namespace vexa::interchange
+
+#endif
