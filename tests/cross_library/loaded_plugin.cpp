@@ -36,9 +36,9 @@ extern "C" {
 loaded::Shape* MakeShape() { return new loaded::Shape(); }
 loaded::Shape* MakeStar() { return new loaded::Star(); }
 loaded::Shape* MakeComet() { return new loaded::Comet(); }
-void RegisterByHand()
+vexa::CClassInfor* RegisterByHand()
 {
-    vexa::CClassInfor::InitClassInfor(loaded::s_byHand, "registered by hand in the plugin", 4, nullptr, nullptr,
-                                      [](vexa::CClassInfor&, vexa::Enum::AccessSpecifierEnum) {});
+    return vexa::CClassInfor::InitClassInfor(loaded::s_byHand, "registered by hand in the plugin", 4, nullptr, nullptr,
+                                             [](vexa::CClassInfor&, vexa::Enum::AccessSpecifierEnum) {});
 }
 }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "loaded_shape.h"
 
@@ -74,7 +75,10 @@ private:
     void* m_handle;
 };
 
-void TestLoaded(const char* path, bool isRegisteredByHand)
+/// What is registered by hand belongs to whoever registered it. These outlive the plugin.
+using DescriptorsByHand = std::vector<std::unique_ptr<vexa::CClassInfor>>;
+
+void TestLoaded(const char* path, bool isRegisteredByHand, DescriptorsByHand& byHand)
 {
     const CPlugin plugin(path);
     const std::string classes = "loaded::(anonymous namespace)::Star loaded::Comet loaded::Shape ";
@@ -84,7 +88,7 @@ void TestLoaded(const char* path, bool isRegisteredByHand)
     Expect("loaded::Comet", plugin.ClassOfMade("MakeComet"), "class of a comet");
     Expect("loaded::Shape", plugin.ClassOfMade("MakeShape"), "class of a shape of the plugin's");
     if (!isRegisteredByHand) return;
-    plugin.Call<void>("RegisterByHand");
+    byHand.emplace_back(plugin.Call<vexa::CClassInfor*>("RegisterByHand"));
     Expect(classes + "registered by hand in the plugin ", Found(), "all classes of the loaded plugin");
 }
 
@@ -102,8 +106,9 @@ int main(int count, char** arguments)
 {
     if (count != 2) return 2;
     TestUnloaded(arguments[1]);
+    DescriptorsByHand byHand;
     for (int round = 0; round < 5; ++round) {
-        TestLoaded(arguments[1], round % 2 == 0);
+        TestLoaded(arguments[1], round % 2 == 0, byHand);
         TestUnloaded(arguments[1]);
     }
     return s_failures == 0 ? 0 : 1;
