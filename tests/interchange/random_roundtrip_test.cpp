@@ -1,13 +1,15 @@
 // Random objects of every described type, written as standard JSON: what an independent parser makes of the text is
 // compared with the object by a model by hand, and what the library reads of it is the object again.
 
+#include <algorithm>
 #include <cstdlib>
 
 #include <gtest/gtest.h>
 
 #include <vexa/interchange.h>
 
-#include "support/everything_json.h"
+#include "support/everything_objects.h"
+#include "support/random_values.h"
 
 namespace {
 
@@ -17,10 +19,8 @@ using vexa_test::Json;
 /// Objects of each class: a few in each test run, ORDANA_RANDOM_OBJECTS in all for a long one.
 std::uint64_t CountOfEach()
 {
-    std::uint64_t classes = 0;
-    ForEachClass([&classes](auto) { ++classes; });
     const char* const wished = std::getenv("ORDANA_RANDOM_OBJECTS");
-    return wished != nullptr ? std::strtoull(wished, nullptr, 10) / classes + 1 : 200;
+    return wished != nullptr ? std::strtoull(wished, nullptr, 10) / Kinds().size() + 1 : 200;
 }
 
 /// Calls \p check with random objects of every class, until one fails.
@@ -28,35 +28,40 @@ template<class F>
 void ForEachObject(F check)
 {
     const std::uint64_t count = CountOfEach();
-    ForEachClass([&](auto tag) {
-        using Class = typename decltype(tag)::Type;
+    for (const CKind& kind : Kinds()) {
         for (std::uint64_t seed = 0; seed < count && !testing::Test::HasFailure(); ++seed) {
-            SCOPED_TRACE(vexa::ClassInforOf<Class>().Name + ", seed " + std::to_string(seed));
-            check(*MakeRandom<Class>(seed), seed);
+            SCOPED_TRACE(NameOf(kind) + ", seed " + std::to_string(seed));
+            check(CAnyObject(kind, seed), seed);
         }
-    });
+    }
 }
 
-template<class T>
-void ExpectSame(const T& read, const T& object, Comparison comparison = Comparison())
+void ExpectSame(const CAnyObject& read, const CAnyObject& object, Comparison comparison = Comparison())
 {
     EXPECT_TRUE(Same(comparison, read, object)) << comparison.Difference();
 }
 
-vexa::CWritePolicy RandomWritePolicy(Filler& filler)
+std::string Written(const CAnyObject& object, const vexa::CWritePolicy& policy = {}, vexa::CReport* report = nullptr)
+{
+    std::string text;
+    vexa::WriteJson(text, object.Ref(), policy, report);
+    return text;
+}
+
+vexa::CWritePolicy RandomWritePolicy(vexa_test::Random& random)
 {
     vexa::CWritePolicy policy;
-    policy.Indentation = static_cast<unsigned int>(filler.OneOf({0, 1, 4}));
-    policy.SortKeys = filler.OneIn(2);
-    policy.AsciiOnly = filler.OneIn(2);
+    policy.Indentation = static_cast<unsigned int>(random.OneOf({0, 1, 4}));
+    policy.SortKeys = random.OneIn(2);
+    policy.AsciiOnly = random.OneIn(2);
     return policy;
 }
 
 TEST(RandomRoundTrip, IsReadByAnIndependentParserAsTheModelSays)
 {
-    ForEachObject([](const auto& object, std::uint64_t) {
+    ForEachObject([](const CAnyObject& object, std::uint64_t) {
         vexa::CReport report;
-        const std::string text = vexa::WriteJson(object, {}, &report);
+        const std::string text = Written(object, {}, &report);
         ASSERT_TRUE(report.IsEmpty()) << report.AsString();
         Comparison comparison;
         EXPECT_TRUE(Agrees(comparison, Json::parse(text), object)) << comparison.Difference() << '\n' << text;
@@ -65,9 +70,9 @@ TEST(RandomRoundTrip, IsReadByAnIndependentParserAsTheModelSays)
 
 TEST(RandomRoundTrip, IsTheSameValueInEveryStyle)
 {
-    ForEachObject([](const auto& object, std::uint64_t seed) {
-        Filler filler(seed);
-        const std::string text = vexa::WriteJson(object, RandomWritePolicy(filler));
+    ForEachObject([](const CAnyObject& object, std::uint64_t seed) {
+        vexa_test::Random random(seed);
+        const std::string text = Written(object, RandomWritePolicy(random));
         Comparison comparison;
         EXPECT_TRUE(Agrees(comparison, Json::parse(text), object)) << comparison.Difference() << '\n' << text;
     });
@@ -75,69 +80,73 @@ TEST(RandomRoundTrip, IsTheSameValueInEveryStyle)
 
 TEST(RandomRoundTrip, IntoAFreshObjectGivesTheObject)
 {
-    ForEachObject([](const auto& object, std::uint64_t) {
-        const std::string text = vexa::WriteJson(object);
-        std::decay_t<decltype(object)> read;
+    ForEachObject([](const CAnyObject& object, std::uint64_t) {
+        const std::string text = Written(object);
+        const CAnyObject read(object.Kind());
         vexa::CReport report;
-        ASSERT_TRUE(vexa::ReadJson(read, text, report)) << report.AsString(text) << text;
+        ASSERT_TRUE(vexa::ReadJson(read.Ref(), text, report)) << report.AsString(text) << text;
         ExpectSame(read, object);
     });
 }
 
 TEST(RandomRoundTrip, IntoAUsedObjectGivesTheObject)
 {
-    ForEachObject([](const auto& object, std::uint64_t seed) {
-        Filler filler(seed);
-        const std::string text = vexa::WriteJson(object, RandomWritePolicy(filler));
-        const auto used = MakeRandom<std::decay_t<decltype(object)>>(~seed);
+    ForEachObject([](const CAnyObject& object, std::uint64_t seed) {
+        vexa_test::Random random(seed);
+        const std::string text = Written(object, RandomWritePolicy(random));
+        const CAnyObject used(object.Kind(), ~seed);
         vexa::CReport report;
         vexa::CReadPolicy policy;
-        policy.Transactional = filler.OneIn(2);
-        ASSERT_TRUE(vexa::ReadJson(*used, text, report, policy)) << report.AsString(text) << text;
-        ExpectSame(*used, object, Comparison(Comparison::Digits::WORTH_THE_SAME)); // ASCII also of raw JSON
+        policy.Transactional = random.OneIn(2);
+        ASSERT_TRUE(vexa::ReadJson(used.Ref(), text, report, policy)) << report.AsString(text) << text;
+        ExpectSame(used, object, Comparison(Comparison::Digits::WORTH_THE_SAME)); // ASCII also of raw JSON
     });
 }
 
 TEST(RandomRoundTrip, InPiecesGivesTheSameTextAndObject)
 {
-    ForEachObject([](const auto& object, std::uint64_t seed) {
+    ForEachObject([](const CAnyObject& object, std::uint64_t seed) {
         std::string written;
-        ASSERT_TRUE(vexa::WriteJson([&written](std::string_view piece) { return written += piece, true; }, object));
-        ASSERT_EQ(written, vexa::WriteJson(object));
+        ASSERT_TRUE(
+            vexa::WriteJson([&written](std::string_view piece) { return written += piece, true; }, object.Ref()));
+        ASSERT_EQ(written, Written(object));
 
-        Filler filler(seed);
+        vexa_test::Random random(seed);
         std::string_view left = written;
         std::string piece; // each goes when the next is asked for
-        std::decay_t<decltype(object)> read;
+        const CAnyObject read(object.Kind());
         vexa::CReport report;
         const auto next = [&] {
-            piece = left.substr(0, 1 + filler.Below(filler.OneIn(3) ? 200 : 5));
+            piece = left.substr(0, 1 + random.Below(random.OneIn(3) ? 200 : 5));
             piece.shrink_to_fit();
             left.remove_prefix(piece.size());
             return std::string_view(piece);
         };
-        ASSERT_TRUE(vexa::ReadJson(read, next, report)) << report.AsString(written) << written;
+        ASSERT_TRUE(vexa::ReadJson(read.Ref(), next, report)) << report.AsString(written) << written;
         ExpectSame(read, object, Comparison(Comparison::Digits::WORTH_THE_SAME)); // of raw JSON the blanks are lost
     });
 }
 
 TEST(RandomRoundTrip, TheModelItselfCanFail)
 {
-    Inner inner;
-    inner.number = 1;
-    inner.text = "a";
-    const auto agrees = [&inner](const char* text) {
+    const auto inner =
+        std::find_if(Kinds().begin(), Kinds().end(), [](const CKind& kind) { return NameOf(kind) == "Inner"; });
+    ASSERT_NE(inner, Kinds().end());
+    const CAnyObject read(*inner);
+    vexa::CReport report;
+    ASSERT_TRUE(vexa::ReadJson(read.Ref(), R"({"number":1,"text":"a"})", report));
+    const auto agrees = [&read](const char* text) {
         Comparison comparison;
-        return Agrees(comparison, Json::parse(text), inner);
+        return Agrees(comparison, Json::parse(text), read);
     };
     EXPECT_TRUE(agrees(R"({"number":1,"text":"a"})"));
     EXPECT_FALSE(agrees(R"({"number":1,"text":"b"})"));
     EXPECT_FALSE(agrees(R"({"number":1.0,"text":"a"})"));
     EXPECT_FALSE(agrees(R"({"number":1})"));
     EXPECT_FALSE(agrees(R"({"number":1,"text":"a","more":0})"));
-    ForEachObject([](const auto& object, std::uint64_t seed) {
+    ForEachObject([](const CAnyObject& object, std::uint64_t seed) {
         Comparison comparison;
-        EXPECT_TRUE(Same(comparison, object, *MakeRandom<std::decay_t<decltype(object)>>(seed)));
+        EXPECT_TRUE(Same(comparison, object, CAnyObject(object.Kind(), seed)));
     });
 }
 
