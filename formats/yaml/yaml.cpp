@@ -6,7 +6,7 @@
 #include <limits>
 #include <new>
 
-#include <vexa/event.h>
+#include <vexa/format.h>
 #include <yaml.h>
 
 namespace vexa {
@@ -46,9 +46,7 @@ public:
             if (yaml_parser_parse(&m_parser, &m_parsed) == 0) return Fail(problem);
         } while (m_parsed.type == YAML_STREAM_START_EVENT || m_parsed.type == YAML_DOCUMENT_START_EVENT ||
                  m_parsed.type == YAML_DOCUMENT_END_EVENT);
-        const CTextPlace place = m_places.OfCharacters(m_parsed.start_mark.index, m_parsed.end_mark.index);
-        event.Offset = place.Offset;
-        event.Length = place.Length;
+        m_places.SetPlace(event, m_parsed.start_mark.index, m_parsed.end_mark.index);
         Fill(event);
         m_nesting.Add(event);
         return true;
@@ -76,18 +74,19 @@ private:
         const auto& scalar = m_parsed.data.scalar;
         const std::string_view tag = View(scalar.tag);
         const bool isText = tag == "!" || tag == YAML_STR_TAG || tag == "tag:yaml.org,2002:binary";
+        const bool isNoText =
+            tag == YAML_INT_TAG || tag == YAML_FLOAT_TAG || tag == YAML_BOOL_TAG || tag == YAML_NULL_TAG;
         Fill(event, m_nesting.IsKeyDue() ? EventKind::KEY : EventKind::STRING, scalar.anchor);
         event.Text = {reinterpret_cast<const char*>(scalar.value), scalar.length};
-        if (event.Kind == EventKind::STRING && scalar.style == YAML_PLAIN_SCALAR_STYLE && !isText)
-            SetPlain(event, event.Text, m_memory);
+        const bool isPlain = isNoText || (scalar.style == YAML_PLAIN_SCALAR_STYLE && !isText);
+        if (event.Kind == EventKind::STRING && isPlain) SetPlain(event, event.Text, m_memory);
     }
     bool Fail(CProblem& problem)
     {
         if (m_parser.error == YAML_MEMORY_ERROR) throw std::bad_alloc();
         constexpr std::string_view EXPECTED = "did not find expected ";
         const std::string_view message = m_parser.problem;
-        const bool isControl = message.find("control") != message.npos;
-        problem.Code = isControl ? ProblemCode::CONTROL_CHARACTER : ProblemCode::BAD_UTF8;
+        problem.Code = message.find("control") != message.npos ? ProblemCode::CONTROL_CHARACTER : ProblemCode::BAD_UTF8;
         problem.Place.Offset = m_parser.problem_offset;
         if (m_parser.error == YAML_READER_ERROR) return false;
         problem.Place = m_places.OfCharacters(m_parser.problem_mark.index, m_parser.problem_mark.index);
@@ -128,6 +127,7 @@ public:
     void Unsigned(unsigned long long value) override { Number(std::to_string(value)); }
     void Float(float value) override { Number(PlainNumber(value)); }
     void Floating(double value) override { Number(PlainNumber(value)); }
+    void LongDouble(long double value) override { Number(PlainNumber(value)); }
     void Number(std::string_view digits) override { Scalar(digits, YAML_PLAIN_SCALAR_STYLE); }
     void String(std::string_view text) override
     {

@@ -15,7 +15,7 @@
 /// holds is a bignum or a decimal fraction (tags 2 to 4), a date a text with tag 0. Whatever is well-formed is read:
 /// lengths that are not told, floating values of all sizes, `undefined` as null, dates of tags 0 and 1 as their RFC
 /// 3339 text, integers as keys; other tags are passed over. A key that is no text and no integer is a problem, and so
-/// is a bignum of more than 1024 bytes. Places in reports are bytes; there are no lines.
+/// is a bignum of more than 4153 bytes. Places in reports are bytes; there are no lines.
 
 namespace vexa {
 

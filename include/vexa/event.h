@@ -3,9 +3,7 @@
 
 #include <cstddef>
 #include <memory>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include <vexa/date_time.h>
 #include <vexa/export.h>
@@ -15,7 +13,8 @@
 /// \file
 /// The seam between described objects and the formats that they are written in: a format hands over a text as a row of
 /// events (CEventSource) and takes an object as one (CEventSink). JSON is built in; a further format is these two
-/// classes over a library that knows its grammar. See vexa/interchange.h for what reads and writes through them.
+/// classes over a library that knows its grammar, with vexa/format.h. See vexa/interchange.h for what reads and writes
+/// through them.
 
 namespace vexa {
 
@@ -30,11 +29,26 @@ enum class EventKind : unsigned char {
     BYTES,
     DATE_TIME,
     BEGIN_OBJECT,
-    KEY, ///< before each value of an object
+    KEY, ///< before each value of an object; a STRING or an integer does as well
     END_OBJECT,
     BEGIN_ARRAY,
     END_ARRAY,
-    ALIAS ///< the value that has had the Anchor, once more; also where a key is due, if that is a text or number
+    ALIAS,    ///< the value that has had the Anchor, once more; also where a key is due, if that is a text or number
+    NEGATIVE, ///< the integer -1 - Unsigned
+    BEGIN_STRING, ///< STRINGs follow that together are one, up to END_PIECES
+    BEGIN_BYTES,  ///< likewise BYTES
+    END_PIECES,
+    TAG ///< Unsigned is what the value behind it says it is: a ValueTag, any other is passed over
+};
+
+/// What a value is that no event of its own can tell, by the numbers of RFC 8949: whoever asks a source, or writes to a
+/// sink with the ability, knows them.
+enum class ValueTag : unsigned long long {
+    TIME_TEXT = 0, ///< a text by RFC 3339
+    SECONDS = 1,   ///< a number: seconds since 1970 in UTC, of the years 0 to 9999
+    INTEGER = 2,   ///< bytes: an integer, the highest first, of 4,153 bytes at most (10,000 decimal digits)
+    NEGATIVE = 3,  ///< bytes: likewise, -1 - that integer
+    DECIMAL = 4    ///< an array: an exponent of ten and an integer, which may have a tag
 };
 
 /// One event. Only the fields of its kind mean anything.
@@ -67,6 +81,7 @@ struct CFormatAbilities {
     bool TellsIntegersFromFloats = false; ///< else a floating value without fraction may come back as an integer
     bool HasIntegerKeys = false;          ///< else integer keys are text
     bool HasDecimals = true;              ///< numbers of any digits; else what no integer or double holds is text
+    bool HasTags = false;                 ///< those of ValueTag
     bool HasLines = true;                 ///< a place is told by line and column, else by its byte
 };
 
@@ -104,13 +119,18 @@ public:
     virtual void Unsigned(unsigned long long value) = 0;
     virtual void Float(float value); ///< by default Floating
     virtual void Floating(double value) = 0;
+    virtual void LongDouble(long double value); ///< by default Floating where that is the same value, else its digits
+    virtual void Negative(unsigned long long below); ///< the integer -1 - below; only with tags, by default one
     /// A number by its digits, in JSON's grammar: what no other event holds without loss (CNumeric, long double). Only
-    /// with the ability; by default a String.
+    /// with the ability; by default a number with tags where these are an ability and hold it (10,000 digits), else a
+    /// String.
     virtual void Number(std::string_view digits);
     virtual void String(std::string_view text) = 0;
-    virtual void Bytes(std::string_view bytes);      ///< only with the ability; by default a String of base64
-    virtual void DateTime(const CDateTime& time);    ///< only with the ability; by default a TimeText
-    virtual void TimeText(std::string_view rfc3339); ///< an instant without the ability; by default a String
+    virtual void Bytes(std::string_view bytes);   ///< only with the ability; by default a String of base64
+    virtual void DateTime(const CDateTime& time); ///< only with the ability; by default a TimeText
+    virtual void
+    TimeText(std::string_view rfc3339); ///< an instant without the ability; by default a String, with its tag
+    virtual void Tag(ValueTag tag);     ///< of the value that comes next; only with the ability
     virtual void BeginObject(std::size_t size) = 0;
     virtual void Key(std::string_view name) = 0;
     virtual void IntegerKey(long long key); ///< only with the ability; by default a Key
@@ -126,65 +146,6 @@ public:
 /// std::bad_alloc, which goes through. Throws std::bad_alloc.
 VEXA_API std::unique_ptr<CEventSource> JsonEvents(std::string_view text, const CReadPolicy& policy = {});
 VEXA_API std::unique_ptr<CEventSource> JsonEvents(InputFunction input, const CReadPolicy& policy = {});
-
-// What formats have in common, for whoever writes a further one.
-
-/// The arrays and objects that are open in a text, where the library below tells neither which value is a key nor what
-/// ends with its last value.
-class CNesting {
-public:
-    bool IsKeyDue() const { return m_levels.back().IsObject && !m_levels.back().IsValueDue; }
-    bool IsValueDue() const { return m_levels.back().IsValueDue; } ///< behind a key
-    /// Whether the innermost has as many values as the event that began it has told; outside of all, the one value.
-    bool IsFull() const { return m_levels.back().Left == 0; }
-    /// What ends the innermost: END outside of all.
-    EventKind EndKind() const
-    {
-        if (m_levels.size() == 1) return EventKind::END;
-        return m_levels.back().IsObject ? EventKind::END_OBJECT : EventKind::END_ARRAY;
-    }
-    /// Takes note of an event that is handed over.
-    VEXA_API void Add(const CEvent& event);
-
-private:
-    struct CLevel {
-        bool IsObject = false;
-        bool IsValueDue = false;
-        std::size_t Left = 1;
-    };
-    std::vector<CLevel> m_levels{1};
-};
-
-/// Places in a text whose library counts characters. The text must stay.
-class CTextPlaces {
-public:
-    explicit CTextPlaces(std::string_view text) : m_text(text) {}
-    /// The bytes from one character to another, which are fast to find if they come in order, or nearly so.
-    VEXA_API CTextPlace OfCharacters(std::size_t first, std::size_t end);
-    /// Fills line and column from the offset.
-    VEXA_API void Locate(CTextPlace& place) const;
-
-private:
-    std::size_t ByteOf(std::size_t character);
-
-    std::string_view m_text;
-    std::size_t m_character = 0; ///< where the last place has ended, and its byte
-    std::size_t m_byte = 0;
-};
-
-/// Makes the event what a word without quotation marks means: null (nothing, `~`, `null`), a bool, a number (also with
-/// a plus sign, zeros in front, no digits on one side of the point, `0x1F`, `0o17`, `.inf`, `.nan`; of an infinity or
-/// NaN without text), otherwise a STRING. It is the core schema of YAML 1.2. \p memory holds digits that JSON writes
-/// otherwise, and must stay as long as the event.
-VEXA_API void SetPlain(CEvent& event, std::string_view text, std::string& memory);
-/// Whether a text may stand without quotation marks: letters, digits and ` ./-_` that mean nothing else to SetPlain,
-/// nor to readers for which `yes`, `no`, `on`, `off`, `y` and `n` are bools.
-VEXA_API bool IsPlainText(std::string_view text) noexcept;
-/// The shortest digits that read back equal, `.inf`, `-.inf` or `.nan`; never those of an integer.
-VEXA_API std::string PlainNumber(float value);
-VEXA_API std::string PlainNumber(double value);
-/// Seconds since 1970 in UTC as RFC 3339 has them, to the microsecond. Empty outside of the years 0 to 9999.
-VEXA_API std::string TimeText(double seconds);
 
 } // namespace vexa
 

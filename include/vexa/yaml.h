@@ -11,9 +11,9 @@
 /// own (CMake: ordana::yaml; pkg-config: ordana-yaml), which is there where libyaml was when the package was built.
 ///
 /// Plain scalars mean what the core schema says (`~`, `true`, `0x1F`, `.inf`; `yes` and `1_000` are texts), quoted ones
-/// are texts, and so is what has the tag `!`, `!!str` or `!!binary`; other tags are passed over. A stream has one
-/// document. A key is a scalar. An alias stands for what its anchor has, within the bound that CEventSource tells; a
-/// longer text is ProblemCode::TOO_LONG.
+/// are texts, whatever has the tag `!`, `!!str` or `!!binary` is a text, and of `!!int`, `!!float`, `!!bool` and
+/// `!!null` what a plain scalar is; other tags are passed over. A stream has one document. A key is a scalar. An alias
+/// stands for what its anchor has, within the bound that CEventSource tells; a longer text is ProblemCode::TOO_LONG.
 
 namespace vexa {
 

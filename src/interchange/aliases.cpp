@@ -7,6 +7,7 @@ namespace {
 constexpr std::size_t EVENT_BYTES = 8; // what an event that is told again counts beside its text
 
 bool IsBegin(EventKind kind) { return kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT; }
+bool IsIntegerText(std::string_view digits) { return !digits.empty() && digits.find_first_of(".eE") == digits.npos; }
 bool IsEnd(EventKind kind) { return kind == EventKind::END_ARRAY || kind == EventKind::END_OBJECT; }
 
 } // namespace
@@ -14,42 +15,57 @@ bool IsEnd(EventKind kind) { return kind == EventKind::END_ARRAY || kind == Even
 /// A key may stand again as a value, and a value as a key.
 bool CAliases::Next(CEventSource& source, CEvent& event, CProblem& problem)
 {
-    CKept taken;
-    bool isTaken = Take(source, taken, problem);
-    for (; isTaken && taken.Event.Kind == EventKind::ALIAS; isTaken = Take(source, taken, problem))
-        m_aliases.push_back(taken.Alias);
-    event = taken.Event;
-    if (!isTaken) return false;
-    const bool isScalar = !IsBegin(event.Kind) && !IsEnd(event.Kind);
-    if (!m_aliases.empty() && isScalar && m_nesting.IsKeyDue())
-        event.Kind = EventKind::KEY;
+    do {
+        if (!Take(source, event, problem)) return false;
+    } while (event.Kind == EventKind::ALIAS);
+    if (m_nesting.IsKeyDue())
+        SetKey(event);
     else if (!m_aliases.empty() && event.Kind == EventKind::KEY)
         event.Kind = EventKind::STRING;
     m_nesting.Add(event);
     return true;
 }
 
-bool CAliases::Take(CEventSource& source, CKept& taken, CProblem& problem)
+/// A text or an integer stands for itself, and of what an alias stands for whatever is no array or object.
+void CAliases::SetKey(CEvent& event)
+{
+    const bool isInteger = event.Kind == EventKind::SIGNED || event.Kind == EventKind::UNSIGNED ||
+                           (event.Kind == EventKind::FLOATING && IsIntegerText(event.Text));
+    const bool isRepeated = !m_aliases.empty() && !IsBegin(event.Kind) && !IsEnd(event.Kind);
+    if (!isInteger && !isRepeated && event.Kind != EventKind::STRING) return;
+    if (isInteger && event.Text.empty()) {
+        m_key = event.Kind == EventKind::SIGNED ? std::to_string(event.Signed) : std::to_string(event.Unsigned);
+        event.Text = m_key;
+        event.IsTextKept = false;
+    }
+    event.Kind = EventKind::KEY;
+}
+
+/// An ALIAS is followed by what it stands for.
+bool CAliases::Take(CEventSource& source, CEvent& event, CProblem& problem)
 {
     while (!m_aliases.empty() && m_aliases.back().first == m_aliases.back().second)
         m_aliases.pop_back();
+    CRange alias;
     if (!m_aliases.empty()) {
-        taken = m_kept[m_aliases.back().first++];
-        m_repeatedBytes += taken.Event.Text.size() + EVENT_BYTES;
-        return true;
+        const CKept& kept = m_kept[m_aliases.back().first++];
+        m_repeatedBytes += kept.Event.Text.size() + EVENT_BYTES;
+        event = kept.Event;
+        alias = kept.Alias;
+    } else {
+        if (!m_tagged.Next(source, event, problem)) return false;
+        if (event.Kind == EventKind::ALIAS && !FindAnchor(event, alias, problem)) return false;
+        if (!m_open.empty() || (!event.Anchor.empty() && event.Kind != EventKind::ALIAS)) Keep(event, alias);
     }
-    taken = CKept();
-    if (!source.Next(taken.Event, problem)) return false;
-    if (taken.Event.Kind == EventKind::ALIAS && !FindAnchor(taken, problem)) return false;
-    if (!m_open.empty() || (!taken.Event.Anchor.empty() && taken.Event.Kind != EventKind::ALIAS)) Keep(taken);
+    if (event.Kind == EventKind::ALIAS) m_aliases.push_back(alias);
     return true;
 }
 
-bool CAliases::FindAnchor(CKept& alias, CProblem& problem) const
+bool CAliases::FindAnchor(const CEvent& event, CRange& alias, CProblem& problem) const
 {
-    const auto found = m_anchors.find(alias.Event.Anchor);
+    const auto found = m_anchors.find(event.Anchor);
     if (found != m_anchors.end()) {
-        alias.Alias = found->second;
+        alias = found->second;
         return true;
     }
     problem.Code = ProblemCode::SYNTAX;
@@ -58,13 +74,13 @@ bool CAliases::FindAnchor(CKept& alias, CProblem& problem) const
 }
 
 /// Keeps what lies in an anchor, and the anchor once that is whole.
-void CAliases::Keep(const CKept& taken)
+void CAliases::Keep(const CEvent& event, const CRange& alias)
 {
-    const EventKind kind = taken.Event.Kind;
+    const EventKind kind = event.Kind;
     if (IsEnd(kind)) --m_depth;
-    if (!taken.Event.Anchor.empty() && kind != EventKind::ALIAS)
-        m_open.push_back({std::string(taken.Event.Anchor), m_kept.size(), m_depth});
-    CEvent& kept = m_kept.emplace_back(taken).Event;
+    if (!event.Anchor.empty() && kind != EventKind::ALIAS)
+        m_open.push_back({std::string(event.Anchor), m_kept.size(), m_depth});
+    CEvent& kept = m_kept.emplace_back(CKept{event, alias}).Event;
     kept.Text = m_texts.emplace_back(kept.Text);
     kept.IsTextKept = false;
     kept.Anchor = {};

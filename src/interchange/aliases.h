@@ -8,13 +8,18 @@
 #include <utility>
 #include <vector>
 
-#include <vexa/event.h>
+#include <vexa/format.h>
+
+#include "interchange/tagged.h"
 
 namespace vexa::interchange {
 
-/// The events of a source, with those of what an alias stands for in its place. What has an anchor is kept, once.
+/// The events of a source, with those of what an alias stands for in its place. What has an anchor is kept, once. Tags
+/// have become values, and what stands where a key is due a KEY.
 class CAliases {
 public:
+    /// \param most see CTaggedEvents.
+    explicit CAliases(std::size_t most) : m_tagged(most) {}
     bool Next(CEventSource& source, CEvent& event, CProblem& problem);
     /// What the events that were told again amount to.
     std::size_t RepeatedBytes() const noexcept { return m_repeatedBytes; }
@@ -32,11 +37,14 @@ private:
         std::size_t Depth;
     };
 
-    bool Take(CEventSource& source, CKept& taken, CProblem& problem);
-    bool FindAnchor(CKept& alias, CProblem& problem) const;
-    void Keep(const CKept& taken);
+    bool Take(CEventSource& source, CEvent& event, CProblem& problem);
+    bool FindAnchor(const CEvent& event, CRange& alias, CProblem& problem) const;
+    void Keep(const CEvent& event, const CRange& alias);
+    void SetKey(CEvent& event);
 
+    CTaggedEvents m_tagged;
     CNesting m_nesting;      ///< of what is told
+    std::string m_key;       ///< the digits of one that is an integer
     std::size_t m_depth = 0; ///< of the source, from the outermost open anchor on
     std::vector<CAnchor> m_open;
     std::map<std::string, CRange, std::less<>> m_anchors; ///< that are whole

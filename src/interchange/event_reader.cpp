@@ -22,14 +22,17 @@ const CReadPolicy& WithoutBounds()
 }
 
 /// More room than this is not taken on a format's word.
-constexpr std::size_t MOST_RESERVED = 65536;
+constexpr std::size_t MOST_RESERVED = 1024;
 
 constexpr std::size_t EXPANSION = std::size_t{8} << 20U;
 constexpr std::size_t EXPANSION_FACTOR = 10;
 
 } // namespace
 
-CEventReader::CEventReader(CReplay& replay) : m_source(replay), m_policy(WithoutBounds()), m_replay(&replay) {}
+CEventReader::CEventReader(CReplay& replay)
+    : m_source(replay), m_policy(WithoutBounds()), m_replay(&replay), m_aliases(CReadPolicy::NO_LIMIT)
+{
+}
 
 bool CEventReader::Fail(ProblemCode code, std::string expected)
 {
@@ -60,7 +63,7 @@ bool CEventReader::IsWithinBounds()
     const bool isText =
         m_event.Kind == EventKind::STRING || m_event.Kind == EventKind::BYTES || m_event.Kind == EventKind::KEY;
     if (isText && m_event.Text.size() > m_policy.MaxTextLength)
-        return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxTextLength, "byte") + " of text");
+        return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxTextLength, "byte"));
     return m_event.Kind == EventKind::BYTES || !isText || IsGoodText();
 }
 
@@ -194,7 +197,8 @@ bool CEventReader::NextKey(CText& key)
 {
     if (!Look()) return false;
     if (m_event.Kind == EventKind::END_OBJECT) return Leave(EventKind::END_OBJECT);
-    if (m_event.Kind != EventKind::KEY) return Fail(ProblemCode::SYNTAX, "a key");
+    if (m_event.Kind != EventKind::KEY)
+        return Fail(ProblemCode::SYNTAX, Abilities().HasIntegerKeys ? "a text or an integer as key" : "a key");
     return CountOne() && TakeText(EventKind::KEY, key);
 }
 

@@ -19,7 +19,10 @@ class CReplay;
 class CEventReader {
 public:
     /// \p source and \p policy must outlive this.
-    CEventReader(CEventSource& source, const CReadPolicy& policy) : m_source(source), m_policy(policy) {}
+    CEventReader(CEventSource& source, const CReadPolicy& policy)
+        : m_source(source), m_policy(policy), m_aliases(policy.MaxTextLength)
+    {
+    }
     /// Events that have been within the bounds before.
     explicit CEventReader(CReplay& replay);
     CEventReader(const CEventReader&) = delete;

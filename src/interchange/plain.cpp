@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include <vexa/event.h>
+#include <vexa/format.h>
 
 #include "interchange/json_events.h"
 #include "interchange/write_number.h"
@@ -110,5 +110,6 @@ bool IsPlainText(std::string_view text) noexcept
 
 std::string PlainNumber(float value) { return PlainNumberOf(value); }
 std::string PlainNumber(double value) { return PlainNumberOf(value); }
+std::string PlainNumber(long double value) { return PlainNumberOf(value); }
 
 } // namespace vexa

@@ -4,57 +4,16 @@
 #include <charconv>
 #include <cmath>
 
+#include "interchange/decimal_digits.h"
 #include "interchange/write_number.h"
 
 namespace vexa::interchange {
 
 namespace {
 
-/// A decimal text of JSON's grammar, taken apart.
-struct CDecimal {
-    bool IsNegative = false;
-    std::string_view Integer;
-    std::string_view Fraction;
-    long long Exponent = 0; ///< held within some bounds beyond all that matters
-
-    explicit CDecimal(std::string_view digits)
-    {
-        IsNegative = !digits.empty() && digits.front() == '-';
-        if (IsNegative) digits.remove_prefix(1);
-        const std::size_t mark = std::min(digits.find_first_of("eE"), digits.size());
-        if (mark < digits.size()) ReadExponent(digits.substr(mark + 1));
-        const std::string_view mantissa = digits.substr(0, mark);
-        const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-        Integer = mantissa.substr(0, point);
-        if (point < mantissa.size()) Fraction = mantissa.substr(point + 1);
-    }
-
-    void ReadExponent(std::string_view text)
-    {
-        const bool isNegative = text.front() == '-';
-        if (isNegative || text.front() == '+') text.remove_prefix(1);
-        constexpr long long MOST = 1'000'000'000'000;
-        for (const char digit : text)
-            Exponent = std::min(MOST, Exponent * 10 + (digit - '0'));
-        if (isNegative) Exponent = -Exponent;
-    }
-    std::size_t Count() const { return Integer.size() + Fraction.size(); }
-    char At(std::size_t i) const { return i < Integer.size() ? Integer[i] : Fraction[i - Integer.size()]; }
-    /// Where the point stands, counted from the first digit.
-    long long Point() const { return static_cast<long long>(Integer.size()) + Exponent; }
-    /// The number of the first digit that is not 0; Count() where there is none.
-    std::size_t First() const
-    {
-        std::size_t first = 0;
-        while (first < Count() && At(first) == '0')
-            ++first;
-        return first;
-    }
-};
-
 constexpr std::uint64_t MOST_MAGNITUDE = std::numeric_limits<std::uint64_t>::max();
 
-NumberVerdict IntegerOf(const CDecimal& decimal, CInteger& integer)
+NumberVerdict IntegerOf(const CDecimalDigits& decimal, CInteger& integer)
 {
     integer = {decimal.IsNegative, 0};
     const std::size_t count = decimal.Count();
@@ -77,7 +36,7 @@ NumberVerdict IntegerOf(const CDecimal& decimal, CInteger& integer)
 
 NumberVerdict IntegerOf(const CNumber& number, CInteger& integer)
 {
-    if (number.Kind == CNumber::Form::DIGITS) return IntegerOf(CDecimal(number.Digits), integer);
+    if (number.Kind == CNumber::Form::DIGITS) return IntegerOf(CDecimalDigits(number.Digits), integer);
     if (number.Kind == CNumber::Form::INTEGER) {
         integer = {number.IsNegative, number.Magnitude};
         return NumberVerdict::GOOD;
@@ -98,7 +57,7 @@ NumberVerdict FloatingOfDigits(std::string_view digits, T& value)
 {
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (result.ec != std::errc::result_out_of_range) return NumberVerdict::GOOD;
-    const CDecimal decimal(digits);
+    const CDecimalDigits decimal(digits);
     if (decimal.Point() - static_cast<long long>(decimal.First()) > 0) return NumberVerdict::OUT_OF_RANGE;
     value = decimal.IsNegative ? -T(0) : T(0);
     return NumberVerdict::GOOD;
@@ -139,7 +98,7 @@ void SetNumeric(CNumeric& value, bool isNegative, std::string integer, std::stri
 }
 
 /// An exponent moves the point; zeros are added where there are no digits.
-NumberVerdict NumericOfDigits(const CDecimal& decimal, CNumeric& value)
+NumberVerdict NumericOfDigits(const CDecimalDigits& decimal, CNumeric& value)
 {
     if (decimal.Exponent == 0) {
         SetNumeric(value, decimal.IsNegative, std::string(decimal.Integer), std::string(decimal.Fraction));
@@ -168,9 +127,9 @@ NumberVerdict NumericOf(const CNumber& number, CNumeric& value)
         if (!std::isfinite(number.Floating)) return NumberVerdict::OUT_OF_RANGE;
         char digits[NUMBER_ROOM];
         const char* const end = WriteShortest(digits, number.Floating);
-        return NumericOfDigits(CDecimal({digits, static_cast<std::size_t>(end - digits)}), value);
+        return NumericOfDigits(CDecimalDigits({digits, static_cast<std::size_t>(end - digits)}), value);
     }
-    if (!number.Digits.empty()) return NumericOfDigits(CDecimal(number.Digits), value);
+    if (!number.Digits.empty()) return NumericOfDigits(CDecimalDigits(number.Digits), value);
     SetNumeric(value, number.IsNegative, std::to_string(number.Magnitude), {});
     return NumberVerdict::GOOD;
 }

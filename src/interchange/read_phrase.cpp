@@ -14,16 +14,21 @@ std::string_view PhraseOf(EventKind kind)
     case EventKind::BOOL: return "true or false";
     case EventKind::SIGNED:
     case EventKind::UNSIGNED:
+    case EventKind::NEGATIVE:
     case EventKind::FLOATING: return "a number";
-    case EventKind::STRING: return "a string";
-    case EventKind::BYTES: return "bytes";
+    case EventKind::STRING:
+    case EventKind::BEGIN_STRING: return "a string";
+    case EventKind::BYTES:
+    case EventKind::BEGIN_BYTES: return "bytes";
     case EventKind::DATE_TIME: return "a date and time";
     case EventKind::BEGIN_OBJECT: return "an object";
     case EventKind::BEGIN_ARRAY: return "an array";
     case EventKind::KEY: return "a key";
     case EventKind::END_OBJECT: return "the end of an object";
     case EventKind::END_ARRAY: return "the end of an array";
+    case EventKind::END_PIECES: return "the end of pieces";
     case EventKind::ALIAS: return "an alias";
+    case EventKind::TAG: return "a tag";
     case EventKind::END: break;
     }
     return "the end of the text";

@@ -1,33 +1,26 @@
 // Writing any value to a sink of any format.
 
 #include <vexa/detail/interchange.h>
-
-#include <cmath>
+#include <vexa/format.h>
 
 #include "core/packed_time.h"
 #include "interchange/event_writer.h"
 #include "interchange/raw_json.h"
 #include "interchange/write_all.h"
-#include "interchange/write_number.h"
 
 namespace vexa {
 
 namespace interchange {
 
-/// Digits keep a long double whole, where its double is another value.
 template<class T>
 CEventWriter::Cursor CEventWriter::Floating(Cursor at, T value)
 {
-    const auto nearest = static_cast<double>(value);
-    if (std::is_same_v<T, long double> && std::isfinite(value) && static_cast<T>(nearest) != value) {
-        char digits[NUMBER_ROOM];
-        const std::string_view text(digits, static_cast<std::size_t>(WriteShortest(digits, value) - digits));
-        m_abilities.HasDecimals ? m_sink.Number(text) : m_sink.String(text);
-    } else if constexpr (std::is_same_v<T, float>) {
+    if constexpr (std::is_same_v<T, long double>)
+        m_sink.LongDouble(value);
+    else if constexpr (std::is_same_v<T, float>)
         m_sink.Float(value);
-    } else {
-        m_sink.Floating(nearest);
-    }
+    else
+        m_sink.Floating(value);
     return at;
 }
 

@@ -8,6 +8,7 @@
 #include <vexa/types.h>
 #include <vexa/vexa.h>
 
+#include "support/given_events.h"
 #include "support/problem_lines.h"
 
 // What a reading may cost: bounds by policy, deep texts, variants in variants; and sources that break their word.
@@ -73,31 +74,8 @@ TEST(ReadBounds, TriesAlternativesOfAlternativesOnce)
     EXPECT_EQ(1, std::get<0>(innermost->inner[0]).value);
 }
 
-/// Events one after the other.
-class CGivenEvents : public vexa::CEventSource {
-public:
-    explicit CGivenEvents(std::vector<vexa::CEvent> events) : m_events(std::move(events)) {}
-    vexa::CFormatAbilities Abilities() const override { return {}; }
-    bool Next(vexa::CEvent& event, vexa::CProblem&) override
-    {
-        if (m_next < m_events.size()) event = m_events[m_next];
-        event.Offset = m_next++;
-        event.Length = 1;
-        return true;
-    }
-
-private:
-    std::vector<vexa::CEvent> m_events;
-    std::size_t m_next = 0;
-};
-
-vexa::CEvent Event(vexa::EventKind kind, std::string_view text = {})
-{
-    vexa::CEvent event;
-    event.Kind = kind;
-    event.Text = text;
-    return event;
-}
+using test::CGivenEvents;
+using test::Event;
 
 std::string ReadGiven(std::vector<vexa::CEvent> events, const vexa::CReadPolicy& policy = {})
 {
@@ -122,7 +100,7 @@ TEST(ReadBounds, HoldsThoseOfThePolicyForEveryFormat)
     EXPECT_EQ("10 2+1 0:0 path=[1] pointer=/1 expected=at most 1 element\nabc|", ReadGiven(events, policy));
     policy = {};
     policy.MaxTextLength = 2;
-    EXPECT_EQ("10 1+1 0:0 path=[0] pointer=/0 expected=at most 2 bytes of text\n", ReadGiven(events, policy));
+    EXPECT_EQ("10 1+1 0:0 path=[0] pointer=/0 expected=at most 2 bytes\n", ReadGiven(events, policy));
     policy = {};
     policy.MaxBytes = 2;
     EXPECT_EQ("10 2+1 0:0", ReadGiven(events, policy).substr(0, 10));
