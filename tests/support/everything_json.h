@@ -14,20 +14,6 @@ namespace vexa_test::everything {
 template<class T>
 bool Agrees(Comparison& comparison, const Json& json, const T& value);
 
-inline std::string Base64(const std::string& bytes)
-{
-    static const char LETTERS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        unsigned long word = 0;
-        for (std::size_t j = i; j < i + 3; ++j)
-            word = word << 8 | (j < bytes.size() ? static_cast<unsigned char>(bytes[j]) : 0U);
-        for (std::size_t j = 0; j < 4; ++j)
-            text += i + j > bytes.size() ? '=' : LETTERS[word >> (18 - 6 * j) & 63];
-    }
-    return text;
-}
-
 /// RFC 3339 without its zone; as many digits of the fraction as lose nothing.
 inline std::string TimeText(std::time_t second, long nanosecond)
 {
@@ -56,7 +42,7 @@ inline bool Agrees(Comparison& comparison, const Json& json, const std::filesyst
 }
 inline bool Agrees(Comparison& comparison, const Json& json, const vexa::CBinary& value)
 {
-    return AgreesText(comparison, json, Base64(std::string(value.data(), value.Size)));
+    return AgreesText(comparison, json, Base64Of(std::string(value.data(), value.Size)));
 }
 inline bool Agrees(Comparison& comparison, const Json& json, const vexa::CNumeric& value)
 {

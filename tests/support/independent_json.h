@@ -14,6 +14,21 @@ namespace vexa_test {
 
 using Json = nlohmann::json;
 
+/// By hand.
+inline std::string Base64Of(const std::string& bytes)
+{
+    static const char LETTERS[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        unsigned long word = 0;
+        for (std::size_t j = i; j < i + 3; ++j)
+            word = word << 8 | (j < bytes.size() ? static_cast<unsigned char>(bytes[j]) : 0U);
+        for (std::size_t j = 0; j < 4; ++j)
+            text += i + j > bytes.size() ? '=' : LETTERS[word >> (18 - 6 * j) & 63];
+    }
+    return text;
+}
+
 enum class Verdict { REFUSED, ACCEPTED, UNKNOWN };
 
 /// What the other parser says. It knows doubles only, ends a text at a NUL byte and passes over a mark of the byte
