@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Usage: run.sh prepare|cmake|pkg_config <cmake> <build directory> <work directory> <compiler>
+# Usage: run.sh prepare|cmake|pkg_config|without_formats <cmake> <build directory> <work directory> <compiler>
 set -euo pipefail
 
 way=$1 cmake=$2 build=$3 work=$4 compiler=$5
@@ -44,6 +44,36 @@ case $way in
             "$compiler" -std=c++17 "$here/consumer/$format.cpp" -o "$work/pkg_config_${format}_consumer" "${flags[@]}"
             expect_greeting "$work/pkg_config_${format}_consumer"
         done ;;
+    without_formats)
+        # As on a machine that has none of their libraries. The library itself is not built again.
+        without=$work/without
+        rm -rf "$without"
+        "$cmake" -S "$here/../.." -B "$without/build" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Release \
+            -DORDANA_BUILD_TESTS=OFF -DORDANA_BUILD_EXAMPLES=OFF \
+            -DORDANA_YAML_LIBRARY=OFF -DORDANA_CBOR_LIBRARY=OFF > "$without.log"
+        for notice in "ordana::yaml is left out: yaml was not found (on Debian and Ubuntu: apt-get install libyaml-dev)" \
+            "ordana::cbor is left out: cbor was not found (on Debian and Ubuntu: apt-get install libcbor-dev)"; do
+            if ! grep -qF "$notice" "$without.log"; then echo "no notice: $notice"; cat "$without.log"; exit 1; fi
+        done
+        cp -a "$build"/src/libordana.so* "$without/build/src/"
+        "$cmake" --install "$without/build" --prefix "$without/prefix" > /dev/null
+        if find "$without/prefix" | grep -iE '(yaml|cbor)'; then echo "installed without its library"; exit 1; fi
+        configure_consumer() {
+            "$cmake" -S "$here/consumer" -B "$without/$1" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Release \
+                -DCMAKE_PREFIX_PATH="$without/prefix" -DORDANA_CONSUMER_COMPONENTS="$2" 2>&1
+        }
+        configure_consumer optional "OPTIONAL_COMPONENTS;yaml;cbor"
+        "$cmake" --build "$without/optional"
+        expect_greeting "$without/optional/consumer"
+        if compgen -G "$without/optional/*_consumer"; then echo "a consumer of what is not there"; exit 1; fi
+        if configure_consumer required "COMPONENTS;yaml" > "$without.log"; then
+            echo "a component that is not there was found"
+            exit 1
+        fi
+        if ! tr -s ' \n' ' ' < "$without.log" | grep -qF "ordana::yaml was not built with this package"; then
+            cat "$without.log"
+            exit 1
+        fi ;;
     *)
         echo "unknown way: $way"
         exit 2 ;;
