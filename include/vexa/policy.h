@@ -33,7 +33,9 @@ struct CReadPolicy {
     bool IgnoreRequired = false;     ///< a missing attribute is no problem, for texts that change some attributes only
     std::size_t MaxDepth = 1000;     ///< of nesting
     std::size_t MaxBytes = NO_LIMIT; ///< of the text; of what YAML's aliases expand to
-    std::size_t MaxElements = NO_LIMIT;   ///< of one container
+    /// Of the whole text: elements of arrays, entries of maps and of JSON trees, values in the rows of tables. Not
+    /// counted are the keys of described classes, generic objects and groups, raw JSON, and what is passed over.
+    std::size_t MaxElements = NO_LIMIT;
     std::size_t MaxTextLength = NO_LIMIT; ///< bytes of one string
 };
 

@@ -164,23 +164,17 @@ bool CEventReader::Number(CNumber& number)
 bool CEventReader::Enter(EventKind kind)
 {
     if (!Look()) return false;
-    if (m_counts.size() >= m_policy.MaxDepth) return Fail(ProblemCode::TOO_DEEP, AtMost(m_policy.MaxDepth, "level"));
+    if (m_depth >= m_policy.MaxDepth) return Fail(ProblemCode::TOO_DEEP, AtMost(m_policy.MaxDepth, "level"));
     if (!TakeValue(kind)) return false;
-    m_counts.push_back(0);
+    ++m_depth;
     return true;
 }
 
 bool CEventReader::Leave(EventKind kind)
 {
     TakeValue(kind);
-    m_counts.pop_back();
+    --m_depth;
     return false;
-}
-
-bool CEventReader::CountOne()
-{
-    if (++m_counts.back() <= m_policy.MaxElements) return true;
-    return Fail(ProblemCode::TOO_LONG, AtMost(m_policy.MaxElements, "element"));
 }
 
 bool CEventReader::NextElement()
@@ -190,7 +184,7 @@ bool CEventReader::NextElement()
     if (kind == EventKind::END_ARRAY) return Leave(kind);
     if (kind == EventKind::END || kind == EventKind::END_OBJECT || kind == EventKind::KEY)
         return Fail(ProblemCode::SYNTAX, "an element");
-    return CountOne();
+    return true;
 }
 
 bool CEventReader::NextKey(CText& key)
@@ -199,7 +193,7 @@ bool CEventReader::NextKey(CText& key)
     if (m_event.Kind == EventKind::END_OBJECT) return Leave(EventKind::END_OBJECT);
     if (m_event.Kind != EventKind::KEY)
         return Fail(ProblemCode::SYNTAX, Abilities().HasIntegerKeys ? "a text or an integer as key" : "a key");
-    return CountOne() && TakeText(EventKind::KEY, key);
+    return TakeText(EventKind::KEY, key);
 }
 
 /// Nested values are passed over without recursion.
@@ -210,10 +204,10 @@ bool CEventReader::Skip()
         m_hasEvent = false;
         return true;
     }
-    const std::size_t depth = m_counts.size();
+    const std::size_t depth = m_depth;
     do {
         CText key;
-        if (m_counts.size() > depth && Look()) {
+        if (m_depth > depth && Look()) {
             const bool isInObject = m_event.Kind == EventKind::KEY || m_event.Kind == EventKind::END_OBJECT;
             if (!(isInObject ? NextKey(key) : NextElement())) continue;
         }
@@ -224,7 +218,7 @@ bool CEventReader::Skip()
             Fail(ProblemCode::SYNTAX, "a value");
         else
             TakeValue(kind);
-    } while (!m_hasFailed && m_counts.size() > depth);
+    } while (!m_hasFailed && m_depth > depth);
     return !m_hasFailed;
 }
 

@@ -2,7 +2,6 @@
 #define VEXA_INTERCHANGE_EVENT_READER_H
 
 #include <string>
-#include <vector>
 
 #include <vexa/event.h>
 #include <vexa/policy.h>
@@ -15,7 +14,7 @@ namespace vexa::interchange {
 class CReplay;
 
 /// The reader's source over any format's events (see source.h), with one event of look-ahead. It holds the bounds of
-/// the policy: depth, bytes with those that aliases stand for, elements and the length of texts.
+/// the policy: depth, bytes with those that aliases stand for, and the length of texts.
 class CEventReader {
 public:
     /// \p source and \p policy must outlive this.
@@ -60,7 +59,6 @@ private:
     bool TakeText(EventKind kind, CText& text);
     bool Enter(EventKind kind);
     bool Leave(EventKind kind);
-    bool CountOne();
     bool IsWithinBounds();
     bool IsShortEnough();
     bool IsGoodText();
@@ -75,7 +73,7 @@ private:
     std::size_t m_end = 0;
     std::size_t m_told = 0; ///< bytes of the text that have been told
     CAliases m_aliases;
-    std::vector<std::size_t> m_counts; ///< for each open array or object: how many values have begun
+    std::size_t m_depth = 0; ///< of arrays and objects that are open
     CProblem m_problem;
     std::string m_mended; ///< a text with something in place of what is no UTF-8
 };

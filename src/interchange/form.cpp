@@ -47,6 +47,11 @@ CForm FormOf(const CClassInfor& owner, const CAttribInfor& attrib)
 }
 
 /// The four unordered containers have one code.
+bool IsMulti(const CContainerInfor& infor, unsigned char code)
+{
+    return code == DT_ASSOCIATIVE_D || infor.Name.find("multi") != std::string::npos;
+}
+
 FormKind KindOfAssociative(const CContainerInfor& infor, unsigned char code)
 {
     const CClassInfor* const pair = PairOf(infor.ElementType);
@@ -54,8 +59,8 @@ FormKind KindOfAssociative(const CContainerInfor& infor, unsigned char code)
     const bool isMap = code == DT_ASSOCIATIVE_C || code == DT_ASSOCIATIVE_D ||
                        (code == DT_ASSOCIATIVE_E && name.size() >= 3 && name.substr(name.size() - 3) == "map");
     if (!isMap || pair == nullptr) return FormKind::INSERTED;
-    const bool isMulti = code == DT_ASSOCIATIVE_D || name.find("multi") != std::string_view::npos;
-    return !isMulti && CanBeKey(FormOf(*pair, pair->AttribList.front())) ? FormKind::MAP : FormKind::PAIR_MAP;
+    return !IsMulti(infor, code) && CanBeKey(FormOf(*pair, pair->AttribList.front())) ? FormKind::MAP
+                                                                                      : FormKind::PAIR_MAP;
 }
 
 FormKind KindOfContainer(const CGnlTypeInfor& type)
@@ -95,6 +100,8 @@ FormKind KindOf(const CGnlTypeInfor& type)
 }
 
 } // namespace
+
+bool IsMultiMap(const CForm& form) { return IsMulti(form.ContainerInfor(), form.Code); }
 
 CForm::CForm(const CGnlTypeInfor& type, unsigned long offset, const detail::CEnumerationSlot* enumeration)
     : Kind(KindOf(type)), Code(type.DataType), IsConst(type.Has(HF_CONST)),

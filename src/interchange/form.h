@@ -103,6 +103,9 @@ struct CForm {
     void* Holder(void* object) const noexcept { return static_cast<char*>(object) + HolderOffset; }
 };
 
+/// Whether a MAP or PAIR_MAP holds several entries of one key.
+bool IsMultiMap(const CForm& form);
+
 /// One attribute of a class, as the formats see it.
 struct CMember : CForm {
     using CForm::CForm;

@@ -82,18 +82,18 @@ bool ReadTreeValue(Source& source, CJsonTree& tree, bool& isEntered)
 }
 
 /// Where the next value of the innermost array or object that is open goes; those that end are left. Null behind the
-/// last one and where the source has failed.
-template<class Source>
-CJsonTree* NextTreePlace(Source& source, std::vector<CJsonTree*>& open)
+/// last one, where the source has failed and where \p count gives false.
+template<class Source, class Count>
+CJsonTree* NextTreePlace(Source& source, std::vector<CJsonTree*>& open, const Count& count)
 {
     using detail::CTreeAccess;
     while (!open.empty()) {
         CJsonTree& holder = *open.back();
         if (holder.IsArray()) {
-            if (source.NextElement()) return &CTreeAccess::AddElement(holder);
+            if (source.NextElement()) return count() ? &CTreeAccess::AddElement(holder) : nullptr;
         } else {
             CText key;
-            if (source.NextKey(key)) return &CTreeAccess::AddMember(holder, key.Text);
+            if (source.NextKey(key)) return count() ? &CTreeAccess::AddMember(holder, key.Text) : nullptr;
             CTreeAccess::DropDuplicates(holder);
         }
         if (source.HasFailed()) return nullptr;
@@ -102,19 +102,20 @@ CJsonTree* NextTreePlace(Source& source, std::vector<CJsonTree*>& open)
     return nullptr;
 }
 
-/// Reads the next value of the source, whatever it is, in place of what \p tree holds. \return false where the source
-/// has failed; the tree then holds what came before.
-template<class Source>
-bool ReadTree(Source& source, CJsonTree& tree)
+/// Reads the next value of the source, whatever it is, in place of what \p tree holds. \p count is asked for each
+/// element and entry whether it may be read. \return false where it may not or the source has failed; the tree then
+/// holds what came before.
+template<class Source, class Count>
+bool ReadTree(Source& source, CJsonTree& tree, const Count& count)
 {
     tree.Clear();
     std::vector<CJsonTree*> open;
-    for (CJsonTree* place = &tree; place != nullptr; place = NextTreePlace(source, open)) {
+    for (CJsonTree* place = &tree; place != nullptr; place = NextTreePlace(source, open, count)) {
         bool isEntered = false;
         if (!ReadTreeValue(source, *place, isEntered)) return false;
         if (isEntered) open.push_back(place);
     }
-    return !source.HasFailed();
+    return open.empty() && !source.HasFailed();
 }
 
 // Writing: to a sink of sink.h.

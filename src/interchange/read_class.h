@@ -28,12 +28,6 @@ private:
     std::size_t m_base;
 };
 
-/// A key's place plus 1, so that it is not 0.
-inline std::uint32_t FirstOf(std::size_t offset) noexcept
-{
-    return offset < 0xFFFFFFFE ? static_cast<std::uint32_t>(offset + 1) : 0xFFFFFFFF;
-}
-
 template<class Source>
 bool CReader<Source>::ReadClass(const CClassInfor& infor, char* object, std::string_view tag)
 {
@@ -49,16 +43,19 @@ bool CReader<Source>::ReadClass(const CClassInfor& infor, char* object, std::str
 
 /// Stands behind the brace, or behind the value of the tag.
 template<class Source>
-bool CReader<Source>::ReadRest(const CWholeObject& whole, std::size_t brace, std::string_view tag)
+bool CReader<Source>::ReadRest(const CWholeObject& whole, std::size_t brace, std::string_view tag,
+                               std::uint32_t firstTag)
 {
     const CClassForm& form = m_context.Forms.Of(*whole.Infor);
     const CFirstsScope firsts(m_context, form.Members.size());
     CPathScope path(m_context);
-    CObjectFrame frame{form, whole.Object, brace, firsts.Base(), m_context.Problems, tag, path.Step};
+    CObjectFrame frame{form, whole.Object, brace, firsts.Base(), m_context.Problems, tag, firstTag, 0, path.Step};
     const COpenScope open(m_context, frame);
-    if (!ReadKeys(frame)) return false;
+    const bool isWhole = ReadKeys(frame);
+    if (frame.Seldom != nullptr) Settle(frame);
+    if (!isWhole) return false;
     path.Step.Kind = StepKind::NONE;
-    if (!frame.Late.empty()) ReadLateMembers(frame);
+    if (!frame.Late.empty() && !ReadLateMembers(frame)) return false;
     if (!form.Required.empty() && !m_context.Policy.IgnoreRequired) TellMissing(frame);
     if (form.Notes != nullptr || !form.Flattened.empty()) CheckObject(frame);
     return true;
@@ -107,10 +104,7 @@ template<class Source>
 inline bool CReader<Source>::ReadMember(CObjectFrame& frame, const CMember& member)
 {
     std::uint32_t& first = m_context.Firsts[frame.Base + member.Number];
-    if (__builtin_expect(first != 0 && !m_context.Policy.LastDuplicateWins, 0)) {
-        TellDuplicate(frame, member);
-        return m_source.Skip() || Broken();
-    }
+    if (__builtin_expect(first != 0 && !m_context.Policy.LastDuplicateWins, 0)) return TellDuplicate({}, first);
     first = FirstOf(m_source.Offset());
     if (__builtin_expect(frame.Form.HasNotes || frame.Form.HasUnions, 0)) return ReadNotedMember(frame, member);
     const bool isPlain = member.Kind == FormKind::BASIC && member.How == Held::DIRECT && !member.IsConst;
@@ -135,13 +129,41 @@ bool CReader<Source>::ReadNotedMember(CObjectFrame& frame, const CMember& member
 }
 
 template<class Source>
-__attribute__((cold, noinline)) void CReader<Source>::TellDuplicate(CObjectFrame& frame, const CMember& member)
+__attribute__((cold, noinline)) bool CReader<Source>::TellDuplicate(CProblem problem, std::uint32_t first)
 {
-    CProblem problem;
     problem.Code = ProblemCode::DUPLICATE_KEY;
-    problem.Second.Offset = m_context.Firsts[frame.Base + member.Number] - 1;
+    problem.Second.Offset = first - 1;
     problem.Second.Length = m_source.EndOffset() - m_source.Offset();
     Tell(std::move(problem), m_source.Offset(), m_source.EndOffset(), Secrecy::KEY);
+    return m_source.Skip() || Broken();
+}
+
+/// What waits for the end of the object.
+template<class Source>
+__attribute__((cold, noinline)) void CReader<Source>::Settle(CObjectFrame& frame)
+{
+    CSeldomState& state = *frame.Seldom;
+    if (state.IsKeeperOpen) {
+        const CMember& keeper = frame.Form.Members[frame.Form.Keeper];
+        state.Kept.InsertInto(keeper.ContainerInfor(), frame.Object + keeper.ValueOffset);
+    }
+    if (state.WrongTag) m_context.Add(std::move(*state.WrongTag), Secrecy::VALUE);
+}
+
+/// Stands behind the key of a tag. \p first is where it has been met first.
+template<class Source>
+bool CReader<Source>::TakeTag(CObjectFrame& frame, const CText& key, std::uint32_t& first)
+{
+    if (first != 0 && !m_context.Policy.LastDuplicateWins) {
+        CProblem problem;
+        if (!IsMasked(m_context.Path)) {
+            problem.Class = typeinfo::QualifiedNameOf(*frame.Form.Infor);
+            problem.Attrib = key.Text;
+        }
+        return TellDuplicate(std::move(problem), first);
+    }
+    first = FirstOf(m_source.Offset());
+    return &first == &frame.FirstOwnTag ? TakeOwnTag(frame) : m_source.Skip() || Broken();
 }
 
 /// The policy goes before what the class says.
@@ -149,8 +171,9 @@ template<class Source>
 __attribute__((noinline)) bool CReader<Source>::TakeUnknownKey(CObjectFrame& frame, const CText& key)
 {
     const typeinfo::CClassNotes* const notes = frame.Form.Notes;
-    if (!frame.Tag.empty() && key.Text == frame.Tag) return m_source.Skip() || Broken();
-    if (notes != nullptr && !notes->Tag.empty() && key.Text == notes->Tag) return TakeOwnTag(frame.Form);
+    if (!frame.Tag.empty() && key.Text == frame.Tag) return TakeTag(frame, key, frame.FirstTag);
+    if (notes != nullptr && !notes->Tag.empty() && key.Text == notes->Tag)
+        return TakeTag(frame, key, frame.FirstOwnTag);
     UnknownKeys rule = m_context.Policy.Unknown;
     if (rule == UnknownKeys::BY_CLASS) rule = notes != nullptr ? notes->Unknown : UnknownKeys::PROBLEM;
     if (rule == UnknownKeys::SKIP) return m_source.Skip() || Broken();
@@ -187,18 +210,21 @@ bool CReader<Source>::KeepUnknown(CObjectFrame& frame, const CText& key)
     const CMember& keeper = frame.Form.Members[frame.Form.Keeper];
     if (keeper.Kind != FormKind::MAP || keeper.How != Held::DIRECT) return TellUnknownKey(frame, key);
     char* const map = frame.Object + keeper.ValueOffset;
-    if (!frame.IsKeeperOpen && !SetAside(keeper, map)) return Refuse(ProblemCode::CANNOT_BE_MADE);
-    frame.IsKeeperOpen = true;
+    CSeldomState& state = frame.SeldomState();
+    if (!state.IsKeeperOpen && !SetAside(keeper, map)) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    state.IsKeeperOpen = true;
     frame.Step.To(keeper);
     const CFreshScope fresh(m_context);
     CPathScope path(m_context);
-    return ReadMapEntry(keeper, map, key, path.Step);
+    return ReadMapEntry(keeper, map, key, path.Step, state.Kept);
 }
 
-/// An object whose class is known says what it is.
+/// An object whose class is known says what it is. Where of equal keys the last one counts, its word is waited for.
 template<class Source>
-bool CReader<Source>::TakeOwnTag(const CClassForm& form)
+bool CReader<Source>::TakeOwnTag(CObjectFrame& frame)
 {
+    const CClassForm& form = frame.Form;
+    if (frame.Seldom != nullptr) frame.Seldom->WrongTag.reset();
     const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     CText value;
@@ -211,7 +237,12 @@ bool CReader<Source>::TakeOwnTag(const CClassForm& form)
     problem.Attrib = form.Notes->Tag;
     problem.Expected = OneOf({own});
     problem.Found = kind == EventKind::STRING ? ShownText(value.Text) : std::string(PhraseOf(kind));
-    Tell(std::move(problem), begin, m_source.EndOffset());
+    if (kind == EventKind::STRING) problem.Nearest = NearestName(value.Text, std::vector<std::string>{own});
+    problem.Place = {begin, m_source.EndOffset() - begin, 0, 0};
+    if (m_context.Policy.LastDuplicateWins)
+        frame.SeldomState().WrongTag = std::move(problem);
+    else
+        m_context.Add(std::move(problem), Secrecy::VALUE);
     return true;
 }
 

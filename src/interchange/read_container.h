@@ -37,6 +37,7 @@ bool CReader<Source>::ReadSequence(const CForm& form, char* container)
     CPathScope path(m_context);
     for (std::size_t index = 0; m_source.NextElement(); ++index) {
         path.Step.To(index);
+        if (!CountOne()) return false;
         auto* const slot = static_cast<char*>(infor.Append(container));
         if (!(slot != nullptr ? ReadValue(parts.Element, slot) : Refuse(ProblemCode::CANNOT_BE_MADE))) return false;
     }
@@ -74,6 +75,7 @@ bool CReader<Source>::ReadNumbers(std::vector<T>& vector)
     if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
     for (; m_source.NextElement(); ++path.Step.Index) {
         T value{};
+        if (!CountOne()) return false;
         if (!ReadNumber<T>(reinterpret_cast<char*>(&value))) return false;
         vector.push_back(value);
     }
@@ -87,34 +89,9 @@ bool CReader<Source>::ReadStrings(std::vector<std::string>& vector)
     path.Step.To(std::size_t{0});
     if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
     for (; m_source.NextElement(); ++path.Step.Index)
-        if (!ReadString(vector.emplace_back())) return false;
+        if (!CountOne() || !ReadString(vector.emplace_back())) return false;
     return !m_source.HasFailed() || Broken();
 }
-
-/// An element that is made by itself, before it is inserted.
-class CLooseElement {
-public:
-    explicit CLooseElement(const CForm& form) : m_form(form), m_object(IsPointer() ? nullptr : form.Type->New()) {}
-    CLooseElement(const CLooseElement&) = delete;
-    CLooseElement& operator=(const CLooseElement&) = delete;
-    ~CLooseElement() { m_form.Type->Delete(m_object); }
-
-    bool IsThere() const noexcept { return IsPointer() || m_object != nullptr; }
-    /// What holds the element.
-    char* Holder() noexcept { return static_cast<char*>(IsPointer() ? &m_object : m_object); }
-    /// Hands it over. The pointee then belongs to the container; anything else is left to be destroyed.
-    void InsertInto(const CContainerInfor& infor, char* container)
-    {
-        infor.Insert(container, Holder());
-        if (IsPointer()) m_object = nullptr;
-    }
-
-private:
-    bool IsPointer() const noexcept { return m_form.How == Held::POINTER; }
-
-    const CForm& m_form;
-    void* m_object;
-};
 
 inline bool IsPlainForm(const CForm& form) noexcept { return form.How == Held::DIRECT && IsAllOrNothing(form); }
 
@@ -125,13 +102,26 @@ bool CReader<Source>::ReadInserted(const CForm& form, char* container)
     if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array", form);
     const CContainerInfor& infor = form.ContainerInfor();
     if (infor.Insert == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
-    const CContainerForm& parts = m_context.Forms.Of(infor);
     if (!m_source.EnterArray()) return Broken();
     const CFreshScope fresh(m_context);
+    CLateElements late;
+    const bool isWhole = ReadInsertedElements(form, container, late);
+    late.InsertInto(infor, container);
+    return isWhole;
+}
+
+/// Stands behind the bracket. Where of equal keys the last one counts, the elements are left in \p late.
+template<class Source>
+bool CReader<Source>::ReadInsertedElements(const CForm& form, char* container, CLateElements& late)
+{
+    const CContainerForm& parts = m_context.Forms.Of(form.ContainerInfor());
+    const bool isLate = m_context.Policy.LastDuplicateWins && form.Kind == FormKind::PAIR_MAP && !IsMultiMap(form);
     CPathScope path(m_context);
     for (std::size_t index = 0; m_source.NextElement(); ++index) {
         path.Step.To(index);
-        if (!ReadOneInserted(form, parts.Element, container)) return false;
+        if (!CountOne()) return false;
+        if (!(isLate ? ReadOneLate(parts.Element, late) : ReadOneInserted(form, parts.Element, container)))
+            return false;
     }
     return !m_source.HasFailed() || Broken();
 }
@@ -141,17 +131,36 @@ bool CReader<Source>::ReadOneInserted(const CForm& form, const CForm& element, c
 {
     const CContainerInfor& infor = form.ContainerInfor();
     CLooseElement made(element);
-    if (!made.IsThere()) return Refuse(ProblemCode::CANNOT_BE_MADE);
-    const std::size_t before = m_context.Problems;
     m_source.Peek();
     const std::size_t begin = m_source.Offset();
-    if (!ReadValue(element, made.Holder())) return false;
-    if (m_context.Problems != before) return true;
+    bool isGood = false;
+    if (!ReadLoose(element, made, isGood)) return false;
+    if (!isGood) return true;
     const unsigned long count = infor.Count(container);
     made.InsertInto(infor, container);
-    if (form.Kind == FormKind::PAIR_MAP && infor.Count(container) == count && !m_context.Policy.LastDuplicateWins)
+    if (form.Kind == FormKind::PAIR_MAP && infor.Count(container) == count)
         Tell(ProblemCode::DUPLICATE_KEY, begin, begin + 1);
     return true;
+}
+
+/// \p isGood tells whether the element could be read.
+template<class Source>
+bool CReader<Source>::ReadLoose(const CForm& form, CLooseElement& made, bool& isGood)
+{
+    if (!made.IsThere()) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    const std::size_t before = m_context.Problems;
+    const bool isWhole = ReadValue(form, made.Holder());
+    isGood = isWhole && m_context.Problems == before;
+    return isWhole;
+}
+
+template<class Source>
+bool CReader<Source>::ReadOneLate(const CForm& element, CLateElements& late)
+{
+    bool isGood = false;
+    const bool isWhole = ReadLoose(element, late.Add(element), isGood);
+    if (!isGood) late.DropLast();
+    return isWhole;
 }
 
 /// Stands behind the bracket.
@@ -162,6 +171,7 @@ bool CReader<Source>::ReadEachPlace(std::size_t count, std::size_t& index, ReadP
     CPathScope path(m_context);
     for (; m_source.NextElement(); ++index) {
         path.Step.To(index);
+        if (!CountOne()) return false;
         if (index < count) {
             if (!readPart(index)) return false;
         } else if (!(index == count ? Refuse(ProblemCode::TOO_MANY_ELEMENTS, CountText(count)) : m_source.Skip())) {

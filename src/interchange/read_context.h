@@ -39,7 +39,7 @@ class CReadContext {
 public:
     /// \p text is the whole text where it lies in memory, else empty.
     CReadContext(const CForm& root, CReport& report, const CReadPolicy& policy, std::string_view text)
-        : Policy(policy), Text(text), m_root(root), m_report(report)
+        : Policy(policy), Text(text), ElementsLeft(policy.MaxElements), m_root(root), m_report(report)
     {
     }
     CReadContext(const CReadContext&) = delete;
@@ -55,6 +55,8 @@ public:
     const CObjectFrame* Frame = nullptr; ///< the innermost object that is open
     bool IsTrial = false;                ///< problems are only counted
     std::size_t Problems = 0;            ///< so many so far
+    std::size_t ElementsLeft;            ///< so many may still be read
+    bool IsOver = false;                 ///< there were more: nothing else is read
 
     /// Takes a problem in, with the path and as much of the text as may be shown.
     void Add(CProblem problem, Secrecy secrecy);
@@ -106,7 +108,7 @@ class CTrialScope {
 public:
     explicit CTrialScope(CReadContext& context) noexcept
         : m_context(context), m_fresh(context), m_wasTrial(std::exchange(context.IsTrial, true)),
-          m_before(context.Problems)
+          m_before(context.Problems), m_left(context.ElementsLeft)
     {
     }
     CTrialScope(const CTrialScope&) = delete;
@@ -115,6 +117,7 @@ public:
     {
         m_context.IsTrial = m_wasTrial;
         m_context.Problems = m_before;
+        m_context.ElementsLeft = m_left;
     }
     bool HasProblems() const noexcept { return m_context.Problems != m_before; }
 
@@ -123,6 +126,7 @@ private:
     CFreshScope m_fresh;
     bool m_wasTrial;
     std::size_t m_before;
+    std::size_t m_left;
 };
 
 } // namespace vexa::interchange

@@ -164,20 +164,32 @@ bool CReader<Source>::Hold(CHeldValue& held)
             return m_source.Skip();
         }
     }
-    held.Own = std::make_unique<CEventRecord>();
-    held.Record = held.Own.get();
-    return held.Own->AddValue(m_source) || Broken();
+    return Record(held, [&](const auto& count) { return held.Own->AddValue(m_source, count); });
 }
 
-/// Calls \p read with a reader that has the held value before it.
+/// Keeps what \p add adds to a new record. Its elements count anew when they are read.
+template<class Source>
+template<class Add>
+bool CReader<Source>::Record(CHeldValue& held, Add add)
+{
+    held.Own = std::make_unique<CEventRecord>();
+    held.Record = held.Own.get();
+    const std::size_t left = m_context.ElementsLeft;
+    const bool isWhole = add([this] { return CountOne(); });
+    m_context.ElementsLeft = left;
+    return isWhole || Broken();
+}
+
+/// Calls \p read with a reader that has the held value before it. \return false where reading ends there.
 template<class Source>
 template<class Read>
-void CReader<Source>::Replay(const CHeldValue& held, Read read)
+bool CReader<Source>::Replay(const CHeldValue& held, Read read)
 {
     CReplay replay(*held.Record, held.First, m_source.Abilities());
     CEventReader events(replay);
     CReader<CEventReader> reader(m_context, events);
     read(reader);
+    return !m_context.IsOver;
 }
 
 } // namespace vexa::interchange

@@ -16,10 +16,20 @@ bool CReader<Source>::ReadMap(const CForm& form, char* container)
     if (infor.Insert == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
     if (!m_source.EnterObject()) return Broken();
     const CFreshScope fresh(m_context);
+    CLateElements late;
+    const bool isWhole = ReadMapEntries(form, container, late);
+    late.InsertInto(infor, container);
+    return isWhole;
+}
+
+/// Stands behind the brace. Where of equal keys the last one counts, the entries are left in \p late.
+template<class Source>
+bool CReader<Source>::ReadMapEntries(const CForm& form, char* container, CLateElements& late)
+{
     CPathScope path(m_context);
     CText key;
     while (m_source.NextKey(key))
-        if (!ReadMapEntry(form, container, key, path.Step)) return false;
+        if (!ReadMapEntry(form, container, key, path.Step, late)) return false;
     path.Step.Kind = StepKind::NONE; // the last key is gone
     return !m_source.HasFailed() || Broken();
 }
@@ -29,60 +39,45 @@ inline bool IsTextKey(const CForm& key) noexcept
     return key.Code == Enum::DT_STD_STRING || (key.Shape != nullptr && key.Shape->Kind == detail::ShapeKind::TEXT);
 }
 
-/// Stands behind the key. The value holds what could be read of it; where that is nothing, there is no entry.
+/// Stands behind the key.
 template<class Source>
-bool CReader<Source>::ReadMapEntry(const CForm& form, char* container, const CText& key, CPathStep& step)
+bool CReader<Source>::ReadMapEntry(const CForm& form, char* container, const CText& key, CPathStep& step,
+                                   CLateElements& late)
 {
     const CContainerInfor& infor = form.ContainerInfor();
     const CContainerForm& parts = m_context.Forms.Of(infor);
     const CTextPlace place{m_source.Offset(), m_source.EndOffset() - m_source.Offset(), 0, 0};
-    CLooseElement entry(parts.Element);
-    if (!entry.IsThere()) return Refuse(ProblemCode::CANNOT_BE_MADE);
     std::string name; // for the path, which needs it until the value has been read
     std::string_view shown = key.Text;
     if (!key.IsKept) shown = name = key.Text;
     step.To(IsTextKey(parts.Key) ? StepKind::TEXT_KEY : StepKind::OTHER_KEY, shown);
-    if (!SetKey(parts.Key, entry.Holder() + parts.Key.ValueOffset, shown, place)) return m_source.Skip() || Broken();
-    if (m_context.Policy.LastDuplicateWins) return ReadLastEntry(form, container, entry);
-    const std::size_t before = m_context.Problems;
-    if (!ReadValue(parts.Mapped, entry.Holder())) return false;
-    if (m_context.Problems != before && IsPlainForm(parts.Mapped)) return true;
+    bool isGood = false;
+    if (m_context.Policy.LastDuplicateWins) {
+        const bool isWhole = ReadLooseEntry(parts, late.Add(parts.Element), shown, place, isGood);
+        if (!isGood) late.DropLast();
+        return isWhole;
+    }
+    CLooseElement entry(parts.Element);
+    if (!ReadLooseEntry(parts, entry, shown, place, isGood)) return false;
+    if (!isGood) return true;
     const unsigned long count = infor.Count(container);
     entry.InsertInto(infor, container);
-    if (infor.Count(container) != count) return true;
-    Tell(ProblemCode::DUPLICATE_KEY, place.Offset, place.Offset + place.Length);
+    if (infor.Count(container) == count) Tell(ProblemCode::DUPLICATE_KEY, place.Offset, place.Offset + place.Length);
     return true;
 }
 
-/// The address of the entry that has the key of another.
-inline char* FindEntry(const CContainerInfor& infor, const CForm& key, char* container, const char* wanted)
-{
-    const CGnlTypeInfor type(key.Code);
-    const auto textOf = [&](const char* entry) {
-        return CStdBasicTypeConstRefrence(type, entry + key.ValueOffset).As_std_string();
-    };
-    void* entry = nullptr;
-    void* const cursor = infor.Begin(container, &entry);
-    if (cursor == nullptr) return nullptr;
-    while (entry != nullptr && textOf(static_cast<char*>(entry)) != textOf(wanted))
-        entry = infor.Next(container, cursor);
-    infor.Release(cursor);
-    return static_cast<char*>(entry);
-}
-
-/// An entry that is there already is read into anew.
+/// The value holds what could be read of it; where that is nothing, there is no entry. \param isGood whether there is
+/// one
 template<class Source>
-bool CReader<Source>::ReadLastEntry(const CForm& form, char* container, CLooseElement& entry)
+bool CReader<Source>::ReadLooseEntry(const CContainerForm& parts, CLooseElement& entry, std::string_view key,
+                                     const CTextPlace& place, bool& isGood)
 {
-    const CContainerInfor& infor = form.ContainerInfor();
-    const CContainerForm& parts = m_context.Forms.Of(infor);
-    const bool isBasic = parts.Key.Kind == FormKind::BASIC || parts.Key.Kind == FormKind::ENUMERATION;
-    if (char* const old = isBasic ? FindEntry(infor, parts.Key, container, entry.Holder()) : nullptr) {
-        reference::Empty(CRefrence(*parts.Mapped.Type, parts.Mapped.Holder(old)));
-        return ReadValue(parts.Mapped, old);
-    }
+    if (!CountOne()) return false;
+    if (!entry.IsThere()) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    if (!SetKey(parts.Key, entry.Holder() + parts.Key.ValueOffset, key, place)) return m_source.Skip() || Broken();
+    const std::size_t before = m_context.Problems;
     if (!ReadValue(parts.Mapped, entry.Holder())) return false;
-    entry.InsertInto(infor, container);
+    isGood = m_context.Problems == before || !IsPlainForm(parts.Mapped);
     return true;
 }
 

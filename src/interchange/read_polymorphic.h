@@ -33,16 +33,15 @@ bool CReader<Source>::ReadPolymorphic(const CClassInfor& base, CTaggedTarget& ta
     if (!m_source.EnterObject()) return Broken();
     const bool hasKey = m_source.NextKey(key);
     if (m_source.HasFailed()) return Broken();
-    if (hasKey && key.Text == typeinfo::NotesOf(base)->Tag) return ReadTagged(base, target, brace);
+    const bool isFirstMeant = !m_context.Policy.LastDuplicateWins;
+    if (hasKey && isFirstMeant && key.Text == typeinfo::NotesOf(base)->Tag) return ReadTagged(base, target, brace);
     CHeldValue held;
-    held.Own = std::make_unique<CEventRecord>();
-    held.Record = held.Own.get();
-    if (!hasKey)
+    const bool isWhole = Record(held, [&](const auto& count) {
+        if (hasKey) return held.Own->AddRestOfObject(m_source, count, key, brace);
         held.Own->AddEmptyObject(brace, m_source.EndOffset());
-    else if (!held.Own->AddRestOfObject(m_source, key, brace))
-        return Broken();
-    Replay(held, [&](auto& reader) { reader.ReadPolymorphicAgain(base, target); });
-    return true;
+        return true;
+    });
+    return isWhole && Replay(held, [&](auto& reader) { reader.ReadPolymorphicAgain(base, target); });
 }
 
 /// In a replay the tag is looked for first.
@@ -53,7 +52,8 @@ bool CReader<Source>::ReadPolymorphicAgain(const CClassInfor& base, CTaggedTarge
         m_source.Peek();
         const CReplay& replay = *m_source.Replay();
         const std::string& tag = typeinfo::NotesOf(base)->Tag;
-        const std::size_t found = replay.Record().FindKey(replay.Position() - 1, tag);
+        const bool isLast = m_context.Policy.LastDuplicateWins;
+        const std::size_t found = replay.Record().FindKey(replay.Position() - 1, tag, isLast);
         CWholeObject whole;
         bool isFound = false;
         if (found == CEventRecord::NOWHERE) {
@@ -61,7 +61,7 @@ bool CReader<Source>::ReadPolymorphicAgain(const CClassInfor& base, CTaggedTarge
         } else {
             const CEvent& value = replay.Record().At(found);
             const CTextPlace place{value.Offset, value.Length, 0, 0};
-            isFound = FindByTag(base, target, value.Kind == EventKind::STRING ? value.Text : "", place, whole);
+            isFound = FindByTag(base, target, value.Kind, value.Text, place, whole);
         }
         if (!isFound) return m_source.Skip();
         if (!whole.IsNew) return ReadClass(*whole.Infor, whole.Object, tag);
@@ -76,8 +76,10 @@ bool CReader<Source>::ReadPolymorphicAgain(const CClassInfor& base, CTaggedTarge
 template<class Source>
 bool CReader<Source>::ReadTagged(const CClassInfor& base, CTaggedTarget& target, std::size_t brace)
 {
+    const std::uint32_t first = FirstOf(m_source.Offset());
     std::string value;
-    if (m_source.Peek() == EventKind::STRING) {
+    const EventKind kind = m_source.Peek();
+    if (kind == EventKind::STRING) {
         CText text;
         if (!m_source.String(text)) return Broken();
         value = text.Text;
@@ -87,11 +89,11 @@ bool CReader<Source>::ReadTagged(const CClassInfor& base, CTaggedTarget& target,
     const std::size_t begin = m_source.Offset();
     const CTextPlace place{begin, m_source.EndOffset() - begin, 0, 0};
     CWholeObject whole;
-    if (!FindByTag(base, target, value, place, whole)) return SkipRest();
+    if (!FindByTag(base, target, kind, value, place, whole)) return SkipRest();
     const std::string& tag = typeinfo::NotesOf(base)->Tag;
-    if (!whole.IsNew) return ReadRest(whole, brace, tag);
+    if (!whole.IsNew) return ReadRest(whole, brace, tag, first);
     const CFreshScope fresh(m_context);
-    return ReadRest(whole, brace, tag);
+    return ReadRest(whole, brace, tag, first);
 }
 
 template<class Source>
@@ -105,12 +107,13 @@ bool CReader<Source>::SkipRest()
 
 /// The object that is there is filled if it is of the class, else a new one takes its place.
 template<class Source>
-bool CReader<Source>::FindByTag(const CClassInfor& base, CTaggedTarget& target, std::string_view value,
+bool CReader<Source>::FindByTag(const CClassInfor& base, CTaggedTarget& target, EventKind kind, std::string_view value,
                                 const CTextPlace& place, CWholeObject& whole)
 {
-    const typeinfo::CDerivedClass derived = typeinfo::FindByTagValue(base, value);
+    typeinfo::CDerivedClass derived;
+    if (kind == EventKind::STRING) derived = typeinfo::FindByTagValue(base, value);
     if (derived.Infor == nullptr) {
-        TellUnknownTag(base, value, place);
+        TellUnknownTag(base, kind, value, place);
         return false;
     }
     whole.Infor = derived.Infor;
@@ -158,8 +161,8 @@ bool CReader<Source>::FindWithoutTag(const CClassInfor& base, CTaggedTarget& tar
 }
 
 template<class Source>
-__attribute__((cold, noinline)) void CReader<Source>::TellUnknownTag(const CClassInfor& base, std::string_view value,
-                                                                     const CTextPlace& place)
+__attribute__((cold, noinline)) void CReader<Source>::TellUnknownTag(const CClassInfor& base, EventKind kind,
+                                                                     std::string_view value, const CTextPlace& place)
 {
     CProblem problem;
     const std::vector<std::string> known = typeinfo::TagValuesOf(base);
@@ -167,8 +170,8 @@ __attribute__((cold, noinline)) void CReader<Source>::TellUnknownTag(const CClas
     problem.Class = typeinfo::QualifiedNameOf(base);
     problem.Attrib = typeinfo::NotesOf(base)->Tag;
     problem.Expected = OneOf(known);
-    problem.Found = ShownText(value);
-    problem.Nearest = NearestName(value, known);
+    problem.Found = kind == EventKind::STRING ? ShownText(value) : std::string(PhraseOf(kind));
+    if (kind == EventKind::STRING) problem.Nearest = NearestName(value, known);
     Tell(std::move(problem), place.Offset, place.Offset + place.Length);
 }
 

@@ -76,6 +76,30 @@ __attribute__((cold, noinline)) bool CReader<Source>::Refuse(ProblemCode code, s
     return true;
 }
 
+/// Counts an element or entry that the reader stands before. \return false where there are too many of them in the
+/// text, which ends the reading.
+template<class Source>
+inline bool CReader<Source>::CountOne()
+{
+    return __builtin_expect(m_context.ElementsLeft-- != 0, 1) || TooManyElements();
+}
+
+/// Told while a value is only tried, too: with the others it would be no shorter. \return false
+template<class Source>
+__attribute__((cold, noinline)) bool CReader<Source>::TooManyElements()
+{
+    if (std::exchange(m_context.IsOver, true)) return false;
+    m_source.Peek();
+    if (m_source.HasFailed()) return Broken();
+    const bool wasTrial = std::exchange(m_context.IsTrial, false);
+    CProblem problem;
+    problem.Code = ProblemCode::TOO_LONG;
+    problem.Expected = AtMost(m_context.Policy.MaxElements, "element");
+    Tell(std::move(problem), m_source.Offset(), m_source.Offset() + 1, Secrecy::HIDDEN);
+    m_context.IsTrial = wasTrial;
+    return false;
+}
+
 /// \return true: the number has been taken.
 template<class Source>
 __attribute__((cold, noinline)) bool CReader<Source>::TellNumber(NumberVerdict verdict, const CNumber& number,

@@ -2,6 +2,7 @@
 #define VEXA_INTERCHANGE_READ_RECORD_H
 
 #include <exception>
+#include <map>
 #include <new>
 
 #include <vexa/group.h>
@@ -98,7 +99,7 @@ bool CReader<Source>::ReadRow(CRow& row)
     CPathScope path(m_context);
     for (std::size_t index = 0; m_source.NextElement(); ++index) {
         path.Step.To(index);
-        if (!ReadAnyValue(row.Append())) return false;
+        if (!CountOne() || !ReadAnyValue(row.Append())) return false;
     }
     return !m_source.HasFailed() || Broken();
 }
@@ -130,7 +131,7 @@ bool CReader<Source>::ReadTable(CTable& table)
     bool isWhole = true;
     for (std::size_t index = 0; isWhole && m_source.NextElement(); ++index) {
         path.Step.To(index);
-        isWhole = ReadTableRow(table);
+        isWhole = CountOne() && ReadTableRow(table);
     }
     CompleteRows(table);
     return isWhole && (!m_source.HasFailed() || Broken());
@@ -154,6 +155,7 @@ bool CReader<Source>::ReadTableRow(CTable& table)
             table.AddColumn(Enum::DT_NULL, name);
         }
         path.Step.To(StepKind::TEXT_KEY, table.Columns[number].Name);
+        if (!CountOne()) return false;
         given.resize(std::max<std::size_t>(given.size(), number + 1));
         if (given[number] && !m_context.Policy.LastDuplicateWins) {
             Tell(ProblemCode::DUPLICATE_KEY, m_source.Offset(), m_source.EndOffset());
@@ -180,6 +182,7 @@ bool CReader<Source>::ReadEntries(Entries& entries)
     if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
     if (!m_source.EnterObject()) return Broken();
     CPathScope path(m_context);
+    std::map<const void*, std::uint32_t> firsts; // of the entries that have been given
     CText key;
     while (m_source.NextKey(key)) {
         const auto found = entries.Named.find(std::string(key.Text));
@@ -189,6 +192,12 @@ bool CReader<Source>::ReadEntries(Entries& entries)
             continue;
         }
         path.Step.To(StepKind::TEXT_KEY, found->first);
+        std::uint32_t& first = firsts[&found->second];
+        if (first != 0 && !m_context.Policy.LastDuplicateWins) {
+            if (!TellDuplicate({}, first)) return false;
+            continue;
+        }
+        first = FirstOf(m_source.Offset());
         const CForm form(found->second.TypeInfor, 0, nullptr);
         auto* const object = static_cast<char*>(found->second.Address);
         if (!(object != nullptr ? ReadValue(form, object) : Refuse(ProblemCode::CANNOT_BE_MADE))) return false;

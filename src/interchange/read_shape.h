@@ -127,7 +127,7 @@ bool CReader<Source>::ReadBits(const CForm& form, char* bits)
     for (std::size_t index = 0; m_source.NextElement(); ++index) {
         path.Step.To(index);
         char bit = 0;
-        if (!ReadBool(&bit)) return false;
+        if (!CountOne() || !ReadBool(&bit)) return false;
         operations.Append(bits, bit != 0);
     }
     return !m_source.HasFailed() || Broken();
@@ -203,7 +203,7 @@ template<class Source>
 bool CReader<Source>::ReadJsonTree(CJsonTree& tree)
 {
     if (m_context.Undo != nullptr) m_context.Undo->SaveMoved(tree);
-    return ReadTree(m_source, tree) || Broken();
+    return ReadTree(m_source, tree, [this] { return CountOne(); }) || Broken();
 }
 
 } // namespace vexa::interchange

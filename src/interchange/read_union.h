@@ -72,7 +72,7 @@ bool CReader<Source>::ReadIfActive(CObjectFrame& frame, const CMember& member)
 /// At the end of the object, in the order of the text, but selectors that are unions' members themselves before what
 /// they decide about.
 template<class Source>
-__attribute__((noinline)) void CReader<Source>::ReadLateMembers(CObjectFrame& frame)
+__attribute__((noinline)) bool CReader<Source>::ReadLateMembers(CObjectFrame& frame)
 {
     const std::vector<CLateMember> late = std::move(frame.Late);
     std::size_t left = late.size();
@@ -80,11 +80,13 @@ __attribute__((noinline)) void CReader<Source>::ReadLateMembers(CObjectFrame& fr
         for (const CLateMember& member : late) {
             if (UnionDepth(*member.Step.Member) != depth) continue;
             frame.Step = member.Step;
-            Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Step.Member); });
+            if (!Replay(member.Value, [&](auto& reader) { reader.ReadIfActive(frame, *member.Step.Member); }))
+                return false;
             --left;
         }
     }
     frame.Step.Kind = StepKind::NONE;
+    return true;
 }
 
 /// The present value of a selector among the numbers by which members become active.

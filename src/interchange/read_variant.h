@@ -39,9 +39,8 @@ bool CReader<Source>::ReadVariant(const CForm& form, char* variant)
     CHeldValue held;
     if (!Hold(held)) return Broken();
     const unsigned int chosen = ChooseAlternative(form, held, begin);
-    if (chosen == NO_ALTERNATIVE_FITS) return true;
-    Replay(held, [&](auto& reader) { reader.ReadAlternative(form, variant, chosen); });
-    return true;
+    if (chosen == NO_ALTERNATIVE_FITS) return !m_context.IsOver;
+    return Replay(held, [&](auto& reader) { reader.ReadAlternative(form, variant, chosen); });
 }
 
 /// The value of the alternative is read into if the variant holds it already.
@@ -69,12 +68,12 @@ inline std::string_view TagOf(const CForm& part)
 }
 
 /// \return the alternative whose class has the tag that the object says; none where it says none that is known.
-inline unsigned int AlternativeByTag(const CShapeForm& shape, const CHeldValue& held)
+inline unsigned int AlternativeByTag(const CShapeForm& shape, const CHeldValue& held, bool isLast)
 {
     for (unsigned int i = 0; i < shape.Parts.size(); ++i) {
         const std::string_view tag = TagOf(shape.Parts[i]);
         if (tag.empty()) continue;
-        const std::size_t value = held.Record->FindKey(held.First, tag);
+        const std::size_t value = held.Record->FindKey(held.First, tag, isLast);
         if (value == CEventRecord::NOWHERE) continue;
         const CEvent& event = held.Record->At(value);
         if (event.Kind == EventKind::STRING && event.Text == typeinfo::TagValueOf(shape.Parts[i].ClassInfor()))
@@ -90,9 +89,10 @@ unsigned int CReader<Source>::ChooseAlternative(const CForm& form, const CHeldVa
     const CShapeForm& shape = m_context.Forms.Of(form.CustomInfor());
     const auto known = held.Record->Chosen.find({held.First, &shape});
     if (known != held.Record->Chosen.end()) return known->second;
-    unsigned int chosen = AlternativeByTag(shape, held);
+    unsigned int chosen = AlternativeByTag(shape, held, m_context.Policy.LastDuplicateWins);
     bool isDoubtful = false;
     if (chosen == NO_ALTERNATIVE_FITS) chosen = FittingAlternative(shape, held, isDoubtful);
+    if (m_context.IsOver) return NO_ALTERNATIVE_FITS;
     if (chosen != NO_ALTERNATIVE_FITS) {
         held.Record->Chosen[{held.First, &shape}] = chosen;
         return chosen;
@@ -112,7 +112,7 @@ unsigned int CReader<Source>::FittingAlternative(const CShapeForm& shape, const 
     for (unsigned int i = 0; i < shape.Parts.size(); ++i) {
         const CForm& part = shape.Parts[i];
         const bool isOfKind = IsNumber(kind) && IsIntegerForm(part) == isInteger;
-        if (!TakesKind(part, kind) || (isExact && !isOfKind) || !Fits(part, held)) continue;
+        if (!TakesKind(part, kind) || (isExact && !isOfKind) || m_context.IsOver || !Fits(part, held)) continue;
         isDoubtful = fitting != NO_ALTERNATIVE_FITS && isExact == isOfKind;
         isExact = isOfKind;
         fitting = i;
@@ -144,23 +144,26 @@ __attribute__((cold, noinline)) void CReader<Source>::TellNoAlternative(const CS
     CProblem problem;
     problem.Code = isDoubtful ? ProblemCode::MANY_ALTERNATIVES : ProblemCode::NO_ALTERNATIVE;
     std::vector<std::string> tags;
+    std::string_view said; // by the tag
+    bool isText = false;
     std::size_t place = begin;
     std::size_t end = begin + std::max<std::size_t>(held.Begin().Length, 1);
     for (const CForm& part : shape.Parts) {
         const std::string_view tag = TagOf(part);
-        if (tag.empty()) continue;
+        if (tag.empty() || held.Begin().Kind != EventKind::BEGIN_OBJECT) continue;
         tags.push_back(typeinfo::TagValueOf(part.ClassInfor()));
-        const std::size_t value = held.Record->FindKey(held.First, tag);
+        const std::size_t value = held.Record->FindKey(held.First, tag, m_context.Policy.LastDuplicateWins);
         if (value == CEventRecord::NOWHERE || isDoubtful) continue;
         const CEvent& event = held.Record->At(value);
         problem.Code = ProblemCode::UNKNOWN_TAG;
         problem.Attrib = tag;
-        if (event.Kind == EventKind::STRING) problem.Found = ShownText(event.Text);
+        isText = event.Kind == EventKind::STRING;
+        said = event.Text;
+        problem.Found = isText ? ShownText(said) : std::string(PhraseOf(event.Kind));
         place = event.Offset;
         end = place + event.Length;
     }
-    if (problem.Code == ProblemCode::UNKNOWN_TAG && !problem.Found.empty())
-        problem.Nearest = NearestName(std::string_view(problem.Found).substr(1, problem.Found.size() - 2), tags);
+    if (isText) problem.Nearest = NearestName(said, tags);
     problem.Expected = isDoubtful ? std::string() : OneOf(tags);
     Tell(std::move(problem), place, end);
 }

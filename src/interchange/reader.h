@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,6 +17,7 @@
 
 #include "interchange/event_reader.h"
 #include "interchange/form.h"
+#include "interchange/loose_element.h"
 #include "interchange/read_context.h"
 #include "interchange/read_number.h"
 #include "interchange/replay.h"
@@ -43,6 +45,19 @@ struct CLateMember {
     CHeldValue Value;
 };
 
+/// A key's place plus 1, so that it is not 0.
+inline std::uint32_t FirstOf(std::size_t offset) noexcept
+{
+    return offset < 0xFFFFFFFE ? static_cast<std::uint32_t>(offset + 1) : 0xFFFFFFFF;
+}
+
+/// What few objects need while they are read.
+struct CSeldomState {
+    bool IsKeeperOpen = false; ///< the member that keeps unknown keys has been emptied
+    CLateElements Kept;        ///< what it gets at the end
+    std::optional<CProblem> WrongTag;
+};
+
 /// An object that is being read.
 struct CObjectFrame {
     const CClassForm& Form;
@@ -51,10 +66,18 @@ struct CObjectFrame {
     std::size_t Base = 0;            ///< where its part of CReadContext::Firsts begins
     std::size_t Before = 0;          ///< so many problems there were
     std::string_view Tag = {};       ///< the key that has told the class; empty for none
+    std::uint32_t FirstTag = 0;      ///< where it stands, plus 1; 0 until it has been met
+    std::uint32_t FirstOwnTag = 0;   ///< likewise the tag of a class that is known without
     CPathStep& Step;                 ///< where the walk is inside
-    bool IsKeeperOpen = false;       ///< the member that keeps unknown keys has been emptied
     std::vector<CLateMember> Late{}; ///< what waits for a selector
+    std::unique_ptr<CSeldomState> Seldom{};
     const CObjectFrame* Outer = nullptr;
+
+    CSeldomState& SeldomState()
+    {
+        if (Seldom == nullptr) Seldom = std::make_unique<CSeldomState>();
+        return *Seldom;
+    }
 };
 
 /// Enters an object among those that are open, as long as it lives.
@@ -84,7 +107,6 @@ inline bool IsOpen(const CReadContext& context, const void* object) noexcept
 }
 
 struct COldSelector;
-class CLooseElement;
 class CMadeObject;
 struct CInstant;
 
@@ -142,6 +164,8 @@ private:
     bool WrongKind(std::string expected, const CForm& form);
     bool Refuse(ProblemCode code, std::string expected = {});
     bool RefuseOpen() { return Refuse(ProblemCode::CANNOT_BE_MADE, "an object that is not being read already"); }
+    bool CountOne();
+    bool TooManyElements();
     bool TellNumber(NumberVerdict verdict, const CNumber& number, std::size_t begin, std::string range);
 
     // read_basic.h
@@ -166,20 +190,23 @@ private:
     bool ReadPointee(const CForm& form, char* holder);
     bool ReadNewPointee(const CForm& form, char* holder);
     bool Hold(CHeldValue& held);
+    template<class Add>
+    bool Record(CHeldValue& held, Add add);
     template<class Read>
-    void Replay(const CHeldValue& held, Read read);
+    bool Replay(const CHeldValue& held, Read read);
 
     // read_polymorphic.h
     static bool IsPolymorphic(const CForm& form);
     bool ReadPolymorphic(const CClassInfor& base, CTaggedTarget& target);
     bool ReadPolymorphicAgain(const CClassInfor& base, CTaggedTarget& target);
     bool ReadTagged(const CClassInfor& base, CTaggedTarget& target, std::size_t brace);
-    bool ReadRest(const CWholeObject& whole, std::size_t brace, std::string_view tag);
+    void Settle(CObjectFrame& frame);
+    bool ReadRest(const CWholeObject& whole, std::size_t brace, std::string_view tag, std::uint32_t firstTag = 0);
     bool SkipRest();
-    bool FindByTag(const CClassInfor& base, CTaggedTarget& target, std::string_view value, const CTextPlace& place,
-                   CWholeObject& whole);
+    bool FindByTag(const CClassInfor& base, CTaggedTarget& target, EventKind kind, std::string_view value,
+                   const CTextPlace& place, CWholeObject& whole);
     bool FindWithoutTag(const CClassInfor& base, CTaggedTarget& target, CWholeObject& whole);
-    void TellUnknownTag(const CClassInfor& base, std::string_view value, const CTextPlace& place);
+    void TellUnknownTag(const CClassInfor& base, EventKind kind, std::string_view value, const CTextPlace& place);
 
     // read_class.h
     bool ReadClass(const CClassInfor& infor, char* object, std::string_view tag = {});
@@ -190,8 +217,9 @@ private:
     bool TakeUnknownKey(CObjectFrame& frame, const CText& key);
     bool TellUnknownKey(CObjectFrame& frame, const CText& key);
     bool KeepUnknown(CObjectFrame& frame, const CText& key);
-    bool TakeOwnTag(const CClassForm& form);
-    void TellDuplicate(CObjectFrame& frame, const CMember& member);
+    bool TakeTag(CObjectFrame& frame, const CText& key, std::uint32_t& first);
+    bool TakeOwnTag(CObjectFrame& frame);
+    bool TellDuplicate(CProblem problem, std::uint32_t first);
     void TellMissing(const CObjectFrame& frame);
     void CheckMember(const CMember& member, char* object, std::size_t begin);
     void CheckObject(const CObjectFrame& frame);
@@ -200,7 +228,7 @@ private:
     bool ReadUnionMember(CObjectFrame& frame, const CMember& member);
     bool ReadIfActive(CObjectFrame& frame, const CMember& member);
     bool ReadBesideUnions(CObjectFrame& frame, const CMember& member);
-    void ReadLateMembers(CObjectFrame& frame);
+    bool ReadLateMembers(CObjectFrame& frame);
     bool SelectorMayCome(const CObjectFrame& frame, const CMember& member) const;
     bool NoteSelector(CObjectFrame& frame, const CMember& member, const std::shared_ptr<COldSelector>& old);
     bool TakeOldMembers(CObjectFrame& frame, const CMember& selector, short from);
@@ -212,7 +240,10 @@ private:
     bool ReadStrings(std::vector<std::string>& vector);
     bool ReadPlainElements(const CForm& element, char* container, bool& isDone);
     bool ReadInserted(const CForm& form, char* container);
+    bool ReadInsertedElements(const CForm& form, char* container, CLateElements& late);
     bool ReadOneInserted(const CForm& form, const CForm& element, char* container);
+    bool ReadOneLate(const CForm& element, CLateElements& late);
+    bool ReadLoose(const CForm& form, CLooseElement& made, bool& isGood);
     bool ReadArray(const CForm& form, char* array);
     bool ReadCharArray(const CForm& form, char* array);
     bool ReadBitset(const CForm& form, char* bits);
@@ -225,8 +256,10 @@ private:
 
     // read_map.h
     bool ReadMap(const CForm& form, char* container);
-    bool ReadMapEntry(const CForm& form, char* container, const CText& key, CPathStep& step);
-    bool ReadLastEntry(const CForm& form, char* container, CLooseElement& entry);
+    bool ReadMapEntries(const CForm& form, char* container, CLateElements& late);
+    bool ReadMapEntry(const CForm& form, char* container, const CText& key, CPathStep& step, CLateElements& late);
+    bool ReadLooseEntry(const CContainerForm& parts, CLooseElement& entry, std::string_view key,
+                        const CTextPlace& place, bool& isGood);
     bool SetKey(const CForm& form, char* key, std::string_view text, const CTextPlace& place);
 
     // read_shape.h

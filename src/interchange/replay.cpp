@@ -48,12 +48,16 @@ void CEventRecord::Close(std::size_t begin, EventKind kind, std::size_t end)
     Add(kind, end - 1, end);
 }
 
-std::size_t CEventRecord::FindKey(std::size_t object, std::string_view key) const
+std::size_t CEventRecord::FindKey(std::size_t object, std::string_view key, bool isLast) const
 {
     if (At(object).Kind != EventKind::BEGIN_OBJECT) return NOWHERE;
-    for (std::size_t next = object + 1; At(next).Kind == EventKind::KEY; next = Behind(next + 1))
-        if (At(next).Text == key) return next + 1;
-    return NOWHERE;
+    std::size_t found = NOWHERE;
+    for (std::size_t next = object + 1; At(next).Kind == EventKind::KEY; next = Behind(next + 1)) {
+        if (At(next).Text != key) continue;
+        found = next + 1;
+        if (!isLast) break;
+    }
+    return found;
 }
 
 bool CReplay::Next(CEvent& event, CProblem&)

@@ -24,12 +24,13 @@ class CEventRecord {
 public:
     static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
 
-    /// Adds what \p source has next, whole. \return false where the source has failed.
-    template<class Source>
-    bool AddValue(Source& source);
+    /// Adds what \p source has next, whole. \p count is asked for each element of an array whether it may be kept.
+    /// \return false where it may not or the source has failed.
+    template<class Source, class Count>
+    bool AddValue(Source& source, const Count& count);
     /// Adds the object whose \p key has just been read, with all that follows in it.
-    template<class Source>
-    bool AddRestOfObject(Source& source, const CText& key, std::size_t brace);
+    template<class Source, class Count>
+    bool AddRestOfObject(Source& source, const Count& count, const CText& key, std::size_t brace);
 
     /// Adds an object without keys.
     void AddEmptyObject(std::size_t brace, std::size_t end)
@@ -47,9 +48,9 @@ public:
         const std::size_t end = m_events[number].End;
         return end != NOWHERE ? end + 1 : number + 1;
     }
-    /// The number of the value of a key in the object that begins with an event; NOWHERE where it is no object, or has
-    /// no such key.
-    std::size_t FindKey(std::size_t object, std::string_view key) const;
+    /// The number of the value of the first or the last such key in the object that begins with an event; NOWHERE where
+    /// it is no object, or has no such key.
+    std::size_t FindKey(std::size_t object, std::string_view key, bool isLast) const;
 
     /// Which alternative of a variant the value that begins with that event is.
     std::map<std::pair<std::size_t, const void*>, unsigned int> Chosen;
@@ -64,8 +65,8 @@ private:
     void AddText(EventKind kind, std::string_view text, std::size_t offset, std::size_t end);
     void AddNumber(const CNumber& number, std::size_t offset, std::size_t end);
     void Close(std::size_t begin, EventKind kind, std::size_t end);
-    template<class Source>
-    bool AddKeys(Source& source, std::size_t begin);
+    template<class Source, class Count>
+    bool AddKeys(Source& source, const Count& count, std::size_t begin);
 
     std::vector<CRecorded> m_events;
     std::deque<std::string> m_texts; ///< which stay where they are
@@ -94,30 +95,30 @@ private:
     CFormatAbilities m_abilities;
 };
 
-template<class Source>
-bool CEventRecord::AddKeys(Source& source, std::size_t begin)
+template<class Source, class Count>
+bool CEventRecord::AddKeys(Source& source, const Count& count, std::size_t begin)
 {
     CText key;
     while (source.NextKey(key)) {
         AddText(EventKind::KEY, key.Text, source.Offset(), source.EndOffset());
-        if (!AddValue(source)) return false;
+        if (!AddValue(source, count)) return false;
     }
     if (source.HasFailed()) return false;
     Close(begin, EventKind::END_OBJECT, source.EndOffset());
     return true;
 }
 
-template<class Source>
-bool CEventRecord::AddRestOfObject(Source& source, const CText& key, std::size_t brace)
+template<class Source, class Count>
+bool CEventRecord::AddRestOfObject(Source& source, const Count& count, const CText& key, std::size_t brace)
 {
     const std::size_t begin = m_events.size();
     Add(EventKind::BEGIN_OBJECT, brace, brace + 1);
     AddText(EventKind::KEY, key.Text, source.Offset(), source.EndOffset());
-    return AddValue(source) && AddKeys(source, begin);
+    return AddValue(source, count) && AddKeys(source, count, begin);
 }
 
-template<class Source>
-bool CEventRecord::AddValue(Source& source)
+template<class Source, class Count>
+bool CEventRecord::AddValue(Source& source, const Count& count)
 {
     const EventKind kind = source.Peek();
     const std::size_t offset = source.Offset();
@@ -126,13 +127,13 @@ bool CEventRecord::AddValue(Source& source)
     case EventKind::BEGIN_OBJECT: {
         if (!source.EnterObject()) return false;
         Add(kind, offset, offset + 1);
-        return AddKeys(source, begin);
+        return AddKeys(source, count, begin);
     }
     case EventKind::BEGIN_ARRAY: {
         if (!source.EnterArray()) return false;
         Add(kind, offset, offset + 1);
         while (source.NextElement())
-            if (!AddValue(source)) return false;
+            if (!count() || !AddValue(source, count)) return false;
         if (source.HasFailed()) return false;
         Close(begin, EventKind::END_ARRAY, source.EndOffset());
         return true;

@@ -114,7 +114,8 @@ TEST(ReadVariant, TheProblemsAreThoseOfTheChosenOne)
     EXPECT_EQ("36 23+6 1:24 path=payment pointer=/payment attrib=method expected=one of \"card\", \"invoice\" "
               "found=\"crad\" nearest=card\n",
               Read(sale, R"({"payment": {"method": "crad", "number": "1"}})"));
-    EXPECT_EQ("36 23+1 1:24 path=payment pointer=/payment attrib=method expected=one of \"card\", \"invoice\"\n",
+    EXPECT_EQ("36 23+1 1:24 path=payment pointer=/payment attrib=method expected=one of \"card\", \"invoice\" found=a "
+              "number\n",
               Read(sale, R"({"payment": {"method": 5, "number": "1"}})"));
 }
 
