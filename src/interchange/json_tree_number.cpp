@@ -72,6 +72,21 @@ bool IsSameNumber(std::string_view left, std::string_view right) noexcept
     return true;
 }
 
+int CompareNumbers(std::string_view left, std::string_view right) noexcept
+{
+    CDecimalText l = TakeApart(left);
+    CDecimalText r = TakeApart(right);
+    const auto sign = [](const CDecimalText& number) { return number.Digits.empty() ? 0 : number.IsNegative ? -1 : 1; };
+    if (sign(l) != sign(r) || sign(l) == 0) return sign(l) - sign(r);
+    if (l.Exponent != r.Exponent) return l.Exponent < r.Exponent ? -sign(l) : sign(l);
+    while (!l.Digits.empty() || !r.Digits.empty()) {
+        const char mine = TakeDigit(l.Digits);
+        const char other = TakeDigit(r.Digits);
+        if (mine != other) return mine < other ? -sign(l) : sign(l);
+    }
+    return 0;
+}
+
 bool ToMagnitude(const CDecimalText& number, unsigned long long& magnitude) noexcept
 {
     constexpr unsigned long long MOST = std::numeric_limits<unsigned long long>::max();

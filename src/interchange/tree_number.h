@@ -20,6 +20,9 @@ struct CDecimalText {
 CDecimalText TakeApart(std::string_view number) noexcept;
 /// Whether the decimal values are equal.
 bool IsSameNumber(std::string_view left, std::string_view right) noexcept;
+/// Less than 0 where the value of the left one is the smaller, 0 where they are equal, else more than 0. Of exponents
+/// beyond any number that is calculated with, only the sign counts.
+int CompareNumbers(std::string_view left, std::string_view right) noexcept;
 /// The absolute value of a whole number. \return false where it has a fraction or is beyond the type.
 bool ToMagnitude(const CDecimalText& number, unsigned long long& magnitude) noexcept;
 
