@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 
+#include "core/c_locale.h"
 #include "interchange/decimal_digits.h"
 #include "interchange/write_number.h"
 
@@ -51,6 +53,17 @@ NumberVerdict IntegerOf(const CNumber& number, CInteger& integer)
 
 namespace {
 
+/// What is nearest to a number that is less than the least of full precision. Of long doubles, std::from_chars takes
+/// those for out of range.
+template<class T>
+T SmallestOfDigits([[maybe_unused]] std::string_view digits, bool isNegative)
+{
+    if constexpr (std::is_same_v<T, long double>)
+        return strtold_l(std::string(digits).c_str(), nullptr, core::CLocale());
+    else
+        return isNegative ? -T(0) : T(0);
+}
+
 /// std::from_chars tells too large and too small alike.
 template<class T>
 NumberVerdict FloatingOfDigits(std::string_view digits, T& value)
@@ -59,7 +72,7 @@ NumberVerdict FloatingOfDigits(std::string_view digits, T& value)
     if (result.ec != std::errc::result_out_of_range) return NumberVerdict::GOOD;
     const CDecimalDigits decimal(digits);
     if (decimal.Point() - static_cast<long long>(decimal.First()) > 0) return NumberVerdict::OUT_OF_RANGE;
-    value = decimal.IsNegative ? -T(0) : T(0);
+    value = SmallestOfDigits<T>(digits, decimal.IsNegative);
     return NumberVerdict::GOOD;
 }
 
