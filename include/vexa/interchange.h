@@ -2,6 +2,7 @@
 #define VEXA_INTERCHANGE_H
 
 #include <functional>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -56,14 +57,50 @@ bool WriteEvents(CEventSink& sink, const T& object, const CWritePolicy& policy =
     return WriteEvents(sink, RefOf(object), policy, report, detail::NamesOf<T>());
 }
 
-/// The same of an object of its own, emptied by assigning a default one.
+namespace detail {
+
+/// An object that can be made anew where it lies, also one that cannot be assigned.
+template<class T>
+class CRenewed {
+public:
+    CRenewed() { Make(); }
+    CRenewed(const CRenewed&) = delete;
+    CRenewed& operator=(const CRenewed&) = delete;
+    ~CRenewed() { Destroy(); }
+
+    T& Get() noexcept { return *std::launder(reinterpret_cast<T*>(m_place)); }
+    void Renew()
+    {
+        Destroy();
+        Make();
+    }
+
+private:
+    void Make()
+    {
+        ::new (static_cast<void*>(m_place)) T{};
+        m_isThere = true;
+    }
+    void Destroy()
+    {
+        if (m_isThere) Get().~T();
+        m_isThere = false;
+    }
+
+    alignas(T) unsigned char m_place[sizeof(T)];
+    bool m_isThere = false;
+};
+
+} // namespace detail
+
+/// The same of an object of its own, which is made anew for each line: it need be neither copied nor moved.
 template<class T>
 bool ReadJsonLines(const InputFunction& input, const std::function<bool(T&)>& take, CReport& report,
                    const CReadPolicy& policy = {})
 {
-    T object{};
+    detail::CRenewed<T> object;
     return ReadJsonLines(
-        RefOf(object), input, [&object] { object = T{}; }, [&] { return take(object); }, report, policy);
+        RefOf(object.Get()), input, [&object] { object.Renew(); }, [&] { return take(object.Get()); }, report, policy);
 }
 
 } // namespace vexa

@@ -6,6 +6,7 @@
 
 #include <vexa/detail/interchange.h>
 
+#include "interchange/json_line.h"
 #include "interchange/json_scan.h"
 
 namespace vexa {
@@ -100,23 +101,6 @@ bool NextFilled(CLineInput& lines, std::string_view& line, CReport& report, bool
     }
 }
 
-/// From a place in a line to the same in the whole text.
-void Move(CTextPlace& place, const CTextPlace& line)
-{
-    if (place.Offset == CTextPlace::NOWHERE) return;
-    place.Offset += line.Offset;
-    if (place.Line != 0) place.Line += line.Line - 1;
-}
-
-void AddProblems(CReport& report, const CReport& ofLine, const CTextPlace& line)
-{
-    for (CProblem problem : ofLine.Problems()) {
-        Move(problem.Place, line);
-        Move(problem.Second, line);
-        report.Add(std::move(problem));
-    }
-}
-
 } // namespace
 
 bool ReadJsonLines(const CRefrence& object, const InputFunction& input, const std::function<void()>& reset,
@@ -127,13 +111,10 @@ bool ReadJsonLines(const CRefrence& object, const InputFunction& input, const st
     std::string_view line;
     while (NextFilled(lines, line, report, isGood)) {
         reset();
-        CReport ofLine(CReadPolicy::NO_LIMIT);
-        if (ReadJson(object, line, ofLine, policy)) {
-            if (!take()) break;
-            continue;
-        }
-        isGood = false;
-        AddProblems(report, ofLine, lines.Start());
+        if (!interchange::ReadJsonLine(object, line, lines.Start(), report, policy))
+            isGood = false;
+        else if (!take())
+            break;
     }
     return isGood;
 }

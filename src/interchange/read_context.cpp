@@ -20,6 +20,18 @@ ExcerptForm CReadContext::FormOfExcerpt(Secrecy secrecy)
     return IsMasked(isOfMember ? Path->Outer : Path) ? ExcerptForm::NOTHING : ExcerptForm::TOKEN;
 }
 
+namespace {
+
+/// From a place in a line to the same in the whole text.
+void Move(CTextPlace& place, const CTextPlace& line)
+{
+    if (place.Offset == CTextPlace::NOWHERE) return;
+    place.Offset += line.Offset;
+    if (place.Line != 0) place.Line += line.Line - 1;
+}
+
+} // namespace
+
 __attribute__((cold, noinline)) void CReadContext::Add(CProblem problem, Secrecy secrecy)
 {
     ++Problems;
@@ -34,6 +46,10 @@ __attribute__((cold, noinline)) void CReadContext::Add(CProblem problem, Secrecy
     problem.Shown = FormOfExcerpt(secrecy);
     if (problem.Shown == ExcerptForm::NOTHING) problem.Found.clear();
     if (!Text.empty()) problem.Excerpt = ExcerptOf(Text, problem.Place, problem.Shown);
+    if (Start != nullptr) {
+        Move(problem.Place, *Start);
+        Move(problem.Second, *Start);
+    }
     m_report.Add(std::move(problem));
 }
 

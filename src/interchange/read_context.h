@@ -49,6 +49,7 @@ public:
     const std::string_view Text;
     CForms Forms;
     CLocator* Locator = nullptr;
+    const CTextPlace* Start = nullptr; ///< where the text begins in a longer one, of which places are told; may be null
     const CPathStep* Path = nullptr;
     CUndo* Undo = nullptr;               ///< null while nothing need be undone: what is read into is new
     std::vector<std::uint32_t> Firsts;   ///< for each member of the objects that are open: where its key stands, plus 1

@@ -1,5 +1,6 @@
 #include <vexa/detail/interchange.h>
 
+#include "interchange/json_line.h"
 #include "interchange/json_source.h"
 #include "interchange/read_value.h"
 #include "interchange/read_whole.h"
@@ -9,6 +10,13 @@ namespace vexa {
 namespace interchange {
 
 template class CReader<CJsonSource>;
+
+bool ReadJsonLine(const CRefrence& target, std::string_view line, const CTextPlace& start, CReport& report,
+                  const CReadPolicy& policy)
+{
+    CJsonSource source(line, policy);
+    return ReadWhole({target.TypeInfor, 0, nullptr}, target.Address, source, line, report, policy, &start);
+}
 
 } // namespace interchange
 

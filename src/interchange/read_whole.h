@@ -17,13 +17,15 @@ private:
 };
 
 /// Reads one value into an object; see vexa/detail/interchange.h. \param text the whole text where it lies in memory.
+/// \param start where that begins in a longer one
 template<class Source>
 bool ReadWhole(const CForm& root, void* object, Source& source, std::string_view text, CReport& report,
-               const CReadPolicy& policy)
+               const CReadPolicy& policy, const CTextPlace* start = nullptr)
 {
     CSourceLocator<Source> locator(source);
     CReadContext context(root, report, policy, text);
     context.Locator = &locator;
+    context.Start = start;
     CReader<Source> reader(context, source);
     const auto read = [&] {
         const bool isWhole = reader.ReadRoot(root, static_cast<char*>(object)) && reader.TakeEnd();

@@ -1,5 +1,6 @@
 // A text of one JSON value a line.
 
+#include <functional>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -88,6 +89,50 @@ TEST(JsonLines, AnExceptionOfTheCallbackIsAProblemButLackOfMemory)
               }),
               "1none [11 at 14 2:6 ]");
     EXPECT_THROW(ReadLines([]() -> std::string_view { throw std::bad_alloc(); }), std::bad_alloc);
+}
+
+/// Neither copied nor moved, and counted.
+struct Resident {
+    static inline int s_alive = 0;
+    Resident() { ++s_alive; }
+    Resident(const Resident&) = delete;
+    Resident& operator=(const Resident&) = delete;
+    ~Resident() { --s_alive; }
+
+    int id = -1;
+    const int kind = 3;
+};
+VEXA_DESCRIBE(Resident, id)
+
+TEST(JsonLines, AnObjectNeedBeNeitherCopiedNorMoved)
+{
+    std::string text;
+    CReport report;
+    const std::function<bool(Resident&)> take = [&text](Resident& object) {
+        text += std::to_string(object.id) + '/' + std::to_string(Resident::s_alive) + ' ';
+        object.id = 7;
+        return true;
+    };
+    EXPECT_TRUE(vexa::ReadJsonLines<Resident>(vexa_test::InPieces({"{\"id\":1}\n{}\n{\"id\":3}"}), take, report));
+    EXPECT_EQ("1/1 -1/1 3/1 ", text);
+    EXPECT_EQ(0, Resident::s_alive);
+}
+
+/// One line with more problems than the report takes is told like many lines.
+TEST(JsonLines, ALineOfManyProblemsFillsNoMoreThanTheReport)
+{
+    std::string line = "[";
+    for (int i = 0; i < 5000; ++i)
+        line += "1,";
+    CReport report(3);
+    const std::function<bool(std::vector<std::string>&)> take = [](std::vector<std::string>&) { return true; };
+    EXPECT_FALSE(vexa::ReadJsonLines<std::vector<std::string>>(vexa_test::InPieces({"\n" + line + "1]\n" + "[2]"}),
+                                                               take, report));
+    ASSERT_EQ(4U, report.Problems().size());
+    EXPECT_EQ(2U, report.Problems()[2].Place.Line);
+    EXPECT_EQ(6U, report.Problems()[2].Place.Offset);
+    EXPECT_EQ(vexa::ProblemCode::MORE_PROBLEMS, report.Problems()[3].Code);
+    EXPECT_EQ("4999", report.Problems()[3].Found);
 }
 
 } // namespace
