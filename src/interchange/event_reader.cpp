@@ -21,6 +21,12 @@ const CReadPolicy& WithoutBounds()
     return policy;
 }
 
+bool IsValue(EventKind kind)
+{
+    return kind != EventKind::END && kind != EventKind::KEY && kind != EventKind::END_ARRAY &&
+           kind != EventKind::END_OBJECT;
+}
+
 /// More room than this is not taken on a format's word.
 constexpr std::size_t MOST_RESERVED = 1024;
 
@@ -177,9 +183,11 @@ bool CEventReader::Leave(EventKind kind)
     return false;
 }
 
+/// Where a source fails in the middle of an element, there is one: whoever reads it tells the problem with its way.
 bool CEventReader::NextElement()
 {
-    if (!Look()) return false;
+    const bool wasGood = !m_hasFailed;
+    if (!Look()) return wasGood && IsValue(m_event.Kind);
     const EventKind kind = m_event.Kind;
     if (kind == EventKind::END_ARRAY) return Leave(kind);
     if (kind == EventKind::END || kind == EventKind::END_OBJECT || kind == EventKind::KEY)

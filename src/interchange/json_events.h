@@ -49,6 +49,7 @@ private:
     {
         m_isValueDue = false;
         event.Kind = m_source.Peek();
+        if (m_source.HasFailed()) event.Kind = EventKind::NULL_VALUE; // which tells that a value was due
         if (m_source.HasFailed() || !Consume(event)) return false;
         event.Offset = m_source.Offset();
         event.Length = m_source.EndOffset() - event.Offset;

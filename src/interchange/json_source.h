@@ -34,6 +34,7 @@ public:
         }
         if (next != m_window.End && text::IsBlank(*next)) next = FindByte<CNonBlank>(next, m_window.End);
         if (static_cast<std::size_t>(m_window.End - next) < written.size()) return false;
+        if (__builtin_expect(written.size() - 3 > m_policy.MaxTextLength, 0)) return false; // without quotes and colon
         if (!IsSame(next, written.data(), written.size())) return false;
         m_window.Token = next;
         m_window.Next = next + written.size();

@@ -123,6 +123,7 @@ bool CReader<Source>::TakeInstant(CInstant& instant, bool& isGood)
         if (!m_source.DateTime(time)) return Broken();
         isGood = InstantOf(time, instant);
         if (!isGood) Tell(ProblemCode::BAD_TEXT, begin, m_source.EndOffset(), "a date and time");
+        isGood = isGood && IsInYears(instant, begin, {});
         return true;
     }
     if (kind != EventKind::STRING) return WrongKind("a date and time (RFC 3339)");
@@ -131,7 +132,20 @@ bool CReader<Source>::TakeInstant(CInstant& instant, bool& isGood)
     isGood = InstantOf(text.Text, instant);
     if (!isGood)
         Tell(ProblemCode::BAD_TEXT, begin, m_source.EndOffset(), "a date and time (RFC 3339)", ShownText(text.Text));
+    isGood = isGood && IsInYears(instant, begin, text.Text);
     return true;
+}
+
+/// An offset may lead beyond the years that RFC 3339 can tell. The problem is told.
+template<class Source>
+bool CReader<Source>::IsInYears(const CInstant& instant, std::size_t begin, std::string_view text)
+{
+    constexpr long long FIRST_SECOND = -62167219200; // 0000-01-01T00:00:00Z
+    constexpr long long LAST_SECOND = 253402300799;  // 9999-12-31T23:59:59Z
+    if (instant.Seconds >= FIRST_SECOND && instant.Seconds <= LAST_SECOND) return true;
+    Tell(ProblemCode::OUT_OF_RANGE, begin, m_source.EndOffset(), "a time in the years 0000 to 9999 of UTC",
+         text.empty() ? std::string() : ShownText(text));
+    return false;
 }
 
 /// A null one is null.

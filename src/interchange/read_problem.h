@@ -76,11 +76,14 @@ __attribute__((cold, noinline)) bool CReader<Source>::Refuse(ProblemCode code, s
     return true;
 }
 
-/// Counts an element or entry that the reader stands before. \return false where there are too many of them in the
-/// text, which ends the reading.
+/// Counts an element or entry that the reader stands before. \return false where the source has failed in it, and where
+/// there are too many of them in the text, which ends the reading.
 template<class Source>
 inline bool CReader<Source>::CountOne()
 {
+    if constexpr (std::is_same_v<Source, CEventReader>) {
+        if (m_source.HasFailed()) return Broken(); // inside it
+    }
     return __builtin_expect(m_context.ElementsLeft-- != 0, 1) || TooManyElements();
 }
 

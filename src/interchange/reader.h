@@ -182,6 +182,7 @@ private:
     bool ReadEnumeration(const CForm& form, char* place);
     bool ReadEnumerator(const CForm& form, char* place);
     bool TakeInstant(CInstant& instant, bool& isGood);
+    bool IsInYears(const CInstant& instant, std::size_t begin, std::string_view text);
 
     // read_held.h
     bool ReadHeld(const CForm& form, char* object);

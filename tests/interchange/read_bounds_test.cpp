@@ -109,6 +109,19 @@ TEST(ReadBounds, HoldsThoseOfThePolicyForEveryFormat)
     EXPECT_EQ("9 0+1 0:0 expected=at most 0 levels\n", ReadGiven(events, policy));
 }
 
+/// The keys that come as expected are no longer than others.
+TEST(ReadBounds, HoldTheLengthOfEveryKey)
+{
+    bounds::Leaf leaf;
+    vexa::CReadPolicy policy;
+    policy.MaxTextLength = 5;
+    EXPECT_EQ("", Read(leaf, R"({"value": 1})", policy));
+    policy.MaxTextLength = 4;
+    EXPECT_EQ("10 1+1 1:2 expected=at most 4 bytes", Read(leaf, R"({"value": 2})", policy).substr(0, 35));
+    EXPECT_EQ("10 2+1 1:3 expected=at most 4 bytes", Read(leaf, R"({ "value": 2})", policy).substr(0, 35));
+    EXPECT_EQ(1, leaf.value);
+}
+
 TEST(ReadBounds, ChecksTheTextsOfEveryFormat)
 {
     using Kind = vexa::EventKind;
@@ -131,6 +144,35 @@ TEST(ReadBounds, EndsWhereASourceBreaksItsWord)
     EXPECT_EQ("3 2+1 0:0",
               ReadGiven({Event(Kind::BEGIN_ARRAY), Event(Kind::END_ARRAY), Event(Kind::BOOL)}).substr(0, 9));
     EXPECT_EQ("1 0+1 0:0", ReadGiven({Event(Kind::END_ARRAY)}).substr(0, 9));
+}
+
+/// What a problem tells but the line of the text, which is not at hand where that comes as events.
+std::string WayOf(const vexa::CReport& report)
+{
+    const vexa::CProblem& problem = report.Problems().at(0);
+    return std::to_string(static_cast<int>(problem.Code)) + ' ' + std::to_string(problem.Place.Offset) + ' ' +
+           problem.Path + ' ' + problem.Pointer;
+}
+
+TEST(ReadBounds, TellsTheWayToABrokenElementFromEverySource)
+{
+    using Lists = std::vector<std::vector<int>>;
+    for (const std::string text :
+         {"[[1], x]", "[[1, 2, x]]", "[[1], [2 3]]", "[[1], [2,]]", "[x", "[[1],", "[[01]]", "[[1] 2"}) {
+        Lists numbers;
+        vexa::CReport whole, events, bytes;
+        EXPECT_FALSE(vexa::ReadJson(numbers, text, whole));
+        const auto source = vexa::JsonEvents(text);
+        Lists others;
+        EXPECT_FALSE(vexa::ReadEvents(others, *source, events));
+        std::size_t next = 0;
+        const vexa::InputFunction input = [&]() -> std::string_view {
+            return next < text.size() ? std::string_view(&text[next++], 1) : std::string_view();
+        };
+        EXPECT_FALSE(vexa::ReadJson(others, input, bytes));
+        EXPECT_EQ(WayOf(whole), WayOf(events)) << text;
+        EXPECT_EQ(WayOf(whole), WayOf(bytes)) << text;
+    }
 }
 
 } // namespace

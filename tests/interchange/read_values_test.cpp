@@ -235,4 +235,19 @@ TEST(ReadValues, TakesBytesOfBase64)
 
 TEST(ReadValues, TellsWhatFollows) { EXPECT_EQ("3 2+1 1:3 found='2' excerpt=1 2\n", Show<int>("1 2")); }
 
+/// An offset may lead beyond the years that a text can tell again.
+TEST(ReadValues, RefusesATimeBeyondTheYearsOfItsText)
+{
+    vexa::CDateTime time;
+    EXPECT_EQ("", Read(time, "\"9999-12-31T23:59:59Z\""));
+    EXPECT_EQ("\"9999-12-31T23:59:59Z\"", vexa::WriteJson(time));
+    EXPECT_EQ("21 0+27 1:1 expected=a time in the years 0000 to 9999 of UTC found=\"9999-12-31T23:59:59-01:00\" "
+              "excerpt=\"9999-12-31T23:59:59-01:00\"\n",
+              Read(time, "\"9999-12-31T23:59:59-01:00\""));
+    EXPECT_EQ("21 0+27 1:1 expected=a time in the years 0000 to 9999 of UTC found=\"0000-01-01T00:00:00+01:00\" "
+              "excerpt=\"0000-01-01T00:00:00+01:00\"\n",
+              Read(time, "\"0000-01-01T00:00:00+01:00\""));
+    EXPECT_EQ("\"9999-12-31T23:59:59Z\"", vexa::WriteJson(time));
+}
+
 } // namespace
