@@ -99,6 +99,10 @@ public:
     /// The next event. \return false where the grammar is broken: \p problem may then have a code other than
     /// SYNTAX, a place other than the event's, and what was expected and found; nothing more may be asked for.
     virtual bool Next(CEvent& event, CProblem& problem) = 0;
+    /// Where the format is JSON: the text, as it stands, of the value whose first event Next() has given last; the
+    /// source is behind that value then. \return false where the text is not to be had: the value is still to be asked
+    /// for, or, with a code in \p problem, the grammar is broken. By default it is not to be had.
+    virtual bool RawJson(std::string& text, CProblem& problem);
     /// Line and column of a byte, for a place that an event of this source has told. Does nothing in a format without
     /// lines.
     virtual void Locate(CTextPlace& place);

@@ -41,6 +41,14 @@ void CAliases::SetKey(CEvent& event)
     event.Kind = EventKind::KEY;
 }
 
+void CAliases::PassOver(const CEvent& begin)
+{
+    if (!IsBegin(begin.Kind)) return;
+    CEvent end;
+    end.Kind = begin.Kind == EventKind::BEGIN_ARRAY ? EventKind::END_ARRAY : EventKind::END_OBJECT;
+    m_nesting.Add(end);
+}
+
 /// An ALIAS is followed by what it stands for.
 bool CAliases::Take(CEventSource& source, CEvent& event, CProblem& problem)
 {

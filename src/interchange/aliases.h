@@ -21,6 +21,10 @@ public:
     /// \param most see CTaggedEvents.
     explicit CAliases(std::size_t most) : m_tagged(most) {}
     bool Next(CEventSource& source, CEvent& event, CProblem& problem);
+    /// The rest of a value whose first event has been told is not told.
+    void PassOver(const CEvent& begin);
+    /// Whether nothing is told again or kept.
+    bool IsIdle() const noexcept { return m_aliases.empty() && m_open.empty(); }
     /// What the events that were told again amount to.
     std::size_t RepeatedBytes() const noexcept { return m_repeatedBytes; }
 

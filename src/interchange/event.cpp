@@ -15,6 +15,8 @@ CEventSource::~CEventSource() = default;
 
 void CEventSource::Locate(CTextPlace&) {}
 
+bool CEventSource::RawJson(std::string&, CProblem&) { return false; }
+
 CEventSink::~CEventSink() = default;
 
 void CEventSink::Float(float value) { Floating(static_cast<double>(value)); }

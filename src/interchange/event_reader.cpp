@@ -230,6 +230,19 @@ bool CEventReader::Skip()
     return !m_hasFailed;
 }
 
+bool CEventReader::Raw(std::string& text, bool& isTaken)
+{
+    isTaken = false;
+    if (m_replay != nullptr || !Look() || !IsValue(m_event.Kind) || !m_aliases.IsIdle()) return !m_hasFailed;
+    isTaken = m_source.RawJson(text, m_problem);
+    m_hasFailed = !isTaken && m_problem.Code != ProblemCode::NONE;
+    if (!isTaken) return !m_hasFailed;
+    m_hasEvent = false;
+    m_end = m_event.Offset + text.size();
+    m_aliases.PassOver(m_event);
+    return true;
+}
+
 bool CEventReader::AtEnd()
 {
     return Look() && (m_event.Kind == EventKind::END || Fail(ProblemCode::TEXT_AFTER_VALUE, "the end of the text"));

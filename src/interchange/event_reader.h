@@ -41,6 +41,9 @@ public:
     bool EnterObject() { return Enter(EventKind::BEGIN_OBJECT); }
     bool NextKey(CText& key);
     bool Skip();
+    /// The next value by its JSON text as it stands. \p isTaken tells whether it is to be had: otherwise nothing has
+    /// happened. \return false where the source has failed.
+    bool Raw(std::string& text, bool& isTaken);
     bool AtEnd();
     std::size_t Offset() const noexcept { return m_event.Offset; }
     std::size_t EndOffset() const noexcept { return m_end; }

@@ -33,9 +33,29 @@ public:
         if (m_source.HasFailed()) problem = m_source.Problem();
         return false;
     }
+    bool RawJson(std::string& text, CProblem& problem) override
+    {
+        if (!m_source.IsStrict()) return false;
+        m_source.BeginRaw();
+        if (!PassOver(problem)) return false;
+        m_source.EndRaw(text);
+        return true;
+    }
     void Locate(CTextPlace& place) override { m_source.Locate(place); }
 
 private:
+    /// To the end of the value whose first event has been given.
+    bool PassOver(CProblem& problem)
+    {
+        CEvent event;
+        event.Kind = m_last;
+        for (std::size_t depth = 0;;) {
+            if (event.Kind == EventKind::BEGIN_ARRAY || event.Kind == EventKind::BEGIN_OBJECT) ++depth;
+            if (event.Kind == EventKind::END_ARRAY || event.Kind == EventKind::END_OBJECT) --depth;
+            if (depth == 0) return true;
+            if (!Next(event, problem)) return false;
+        }
+    }
     bool Find(CEvent& event)
     {
         if (m_isValueDue) return Value(event);
@@ -48,7 +68,7 @@ private:
     bool Value(CEvent& event)
     {
         m_isValueDue = false;
-        event.Kind = m_source.Peek();
+        m_last = event.Kind = m_source.Peek();
         if (m_source.HasFailed()) event.Kind = EventKind::NULL_VALUE; // which tells that a value was due
         if (m_source.HasFailed() || !Consume(event)) return false;
         event.Offset = m_source.Offset();
@@ -113,6 +133,7 @@ private:
     Source m_source;
     CNestedKinds m_open;
     bool m_isValueDue = true;
+    EventKind m_last = EventKind::END; ///< the last value that has begun
 };
 
 } // namespace vexa::interchange

@@ -49,8 +49,30 @@ void CPieces::Forget(CJsonWindow& window)
         if (m_starts.size() < LINES_KEPT) m_starts.emplace_back();
         m_starts[(++m_line - 2) % LINES_KEPT] = window.Offset + end + 1;
     }
+    if (m_isRawKept) KeepRaw(window, window.Offset + gone);
     window.Begin = window.Token;
     window.Offset += gone;
+}
+
+void CPieces::BeginRaw(std::size_t offset)
+{
+    m_isRawKept = true;
+    m_rawEnd = offset;
+    m_raw.clear();
+}
+
+void CPieces::KeepRaw(const CJsonWindow& window, std::size_t end)
+{
+    if (end <= m_rawEnd) return;
+    m_raw.append(window.Begin + (m_rawEnd - window.Offset), end - m_rawEnd);
+    m_rawEnd = end;
+}
+
+void CPieces::EndRaw(const CJsonWindow& window, std::size_t end, std::string& text)
+{
+    KeepRaw(window, end);
+    m_isRawKept = false;
+    text.swap(m_raw);
 }
 
 /// Takes what the window has out of the piece, which may go when the next one is asked for.

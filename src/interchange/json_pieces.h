@@ -29,6 +29,10 @@ public:
     void Locate(CTextPlace& place, const CJsonWindow& window) const;
     /// Keeps the place of an array or object, the \p depth -th of those that are open, until another takes its place.
     void Opened(std::size_t depth, std::size_t offset);
+    /// Keeps the text from a byte that is in the window on.
+    void BeginRaw(std::size_t offset);
+    /// Gives what has been kept up to \p end, which is in the window.
+    void EndRaw(const CJsonWindow& window, std::size_t end, std::string& text);
 
 private:
     static constexpr std::size_t LINES_KEPT = 4096;
@@ -36,6 +40,7 @@ private:
     std::string_view NextPiece();
     void Forget(CJsonWindow& window);
     void Join(CJsonWindow& window);
+    void KeepRaw(const CJsonWindow& window, std::size_t end);
     static void Move(CJsonWindow& window, std::string_view text) noexcept;
     std::size_t StartOf(std::size_t line) const;
     void LocateForgotten(CTextPlace& place) const;
@@ -49,6 +54,9 @@ private:
     std::size_t m_line = 1;            ///< where the window starts
     std::vector<std::size_t> m_starts; ///< of the last lines up to it, but the first: a ring
     std::vector<CTextPlace> m_opened;
+    bool m_isRawKept = false;
+    std::size_t m_rawEnd = 0; ///< of what has been kept
+    std::string m_raw;
 };
 
 extern template class CJsonScanner<CPieces>;
@@ -61,6 +69,8 @@ public:
     {
     }
     void Locate(CTextPlace& place) const { m_input.Locate(place, m_window); }
+    void BeginRaw() { m_input.BeginRaw(Offset()); }
+    void EndRaw(std::string& text) { m_input.EndRaw(m_window, EndOffset(), text); }
     bool EnterArray() { return CJsonScanner::EnterArray() && HasOpened(); }
     bool EnterObject() { return CJsonScanner::EnterObject() && HasOpened(); }
 

@@ -104,6 +104,12 @@ public:
             return m_tokenEndOffset;
     }
     static CFormatAbilities Abilities() noexcept { return {}; }
+    /// Whether all that is let in is JSON.
+    bool IsStrict() const noexcept
+    {
+        return !m_policy.AllowComments && !m_policy.AllowTrailingCommas && !m_policy.AllowNan &&
+               m_policy.Text == BadText::PROBLEM;
+    }
     static std::size_t SizeHint() noexcept { return 0; }
 
 protected:

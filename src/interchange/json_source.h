@@ -2,6 +2,7 @@
 #define VEXA_INTERCHANGE_JSON_SOURCE_H
 
 #include <charconv>
+#include <string>
 #include <string_view>
 
 #include "interchange/json_scanner.h"
@@ -57,6 +58,9 @@ public:
     }
 
     std::string_view Text() const noexcept { return m_text; }
+    /// The text from the value that Peek() has told last to the end of the last one that has been consumed.
+    void BeginRaw() noexcept { m_rawBegin = Offset(); }
+    void EndRaw(std::string& text) const { text = m_text.substr(m_rawBegin, EndOffset() - m_rawBegin); }
     void Locate(CTextPlace& place) { m_lines.Fill(place); }
 
 private:
@@ -64,6 +68,7 @@ private:
 
     std::string_view m_text;
     CLineFinder m_lines;
+    std::size_t m_rawBegin = 0;
 };
 
 } // namespace vexa::interchange

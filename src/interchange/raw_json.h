@@ -4,12 +4,14 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include <vexa/event.h>
 #include <vexa/json_tree.h>
 #include <vexa/policy.h>
 
+#include "interchange/event_reader.h"
 #include "interchange/json_tree_io.h"
 #include "interchange/source.h"
 #include "interchange/tree_access.h"
@@ -163,21 +165,28 @@ private:
 };
 
 /// Reads the next value of the source, whatever it is, in place of what \p raw holds. \p text is the whole text that a
-/// JSON source reads, of which the bytes are taken as they stand; where there is none, or the policy lets more in than
-/// JSON, the value is written anew, without blanks. \return false where the source has failed; the value is then as
-/// before. \p hasLost tells that it holds null for NaN or an infinity.
+/// JSON source reads, of which the bytes are taken as they stand. So are those of JSON that comes in pieces; where the
+/// source is no JSON or is read again, or the policy lets more in than JSON, the value is written anew, without blanks.
+/// \return false where the source has failed; the value is then as before. \p hasLost tells that it holds null for NaN
+/// or an infinity.
 template<class Source>
 bool ReadRaw(Source& source, CRawJson& raw, std::string_view text, const CReadPolicy& policy, bool& hasLost)
 {
     const bool isStrict = !policy.AllowComments && !policy.AllowTrailingCommas && !policy.AllowNan;
+    const bool isKept = isStrict && policy.Text == BadText::PROBLEM;
     std::string value;
+    bool isTaken = false;
     hasLost = false;
-    if (!text.empty() && isStrict && policy.Text == BadText::PROBLEM) {
+    if (isKept && !text.empty()) {
         source.Peek();
         const std::size_t offset = source.Offset();
         if (!source.Skip()) return false;
         value = text.substr(offset, source.EndOffset() - offset);
-    } else {
+        isTaken = true;
+    } else if constexpr (std::is_same_v<Source, CEventReader>) {
+        if (isKept && !source.Raw(value, isTaken)) return false;
+    }
+    if (!isTaken) {
         CCompactJson sink(value);
         if (!CopyValue(source, sink)) return false;
         hasLost = sink.HasLost();
