@@ -1,6 +1,7 @@
 // A text with confidential values, changed here and there: whatever is wrong with it, no form of the report tells any
 // of them. The first eight bytes choose the text, the ninth the policy; then four bytes tell of each change.
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -44,9 +45,10 @@ vexa::CReadPolicy PolicyOf(unsigned char choice)
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    if (size < HEAD) return 0;
+    unsigned char head[HEAD] = {};
+    std::copy_n(data, std::min(size, HEAD), head);
     std::uint64_t seed = 0;
-    std::memcpy(&seed, data, sizeof seed);
+    std::memcpy(&seed, head, sizeof seed);
     vexa_test::Random random(seed);
     vexa_test::secrets::RandomVault vaults(random);
     std::string text = vaults.Text();
@@ -55,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 
     vexa_test::secrets::Vault vault;
     vexa::CReport report;
-    vexa::ReadJson(vault, text, report, PolicyOf(data[8]));
+    vexa::ReadJson(vault, text, report, PolicyOf(head[8]));
     const std::string leak = vexa_test::secrets::LeakOf(vaults.Secrets(), report, text);
     if (!leak.empty()) {
         std::fprintf(stderr, "%s\n%s\n", leak.c_str(), text.c_str());

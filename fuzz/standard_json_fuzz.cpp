@@ -1,6 +1,7 @@
 // Reads arbitrary bytes as standard JSON, whole and in pieces, beside an independent parser: both say the same of them,
 // hold the same value where both take it, and what is written of it is the same value again.
 
+#include <algorithm>
 #include <cstdlib>
 
 #include <vexa/interchange.h>
@@ -56,9 +57,8 @@ void WriteAndReadAgain(const vexa::CJsonTree& tree, unsigned char style)
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    if (size == 0) return 0;
-    const unsigned char style = data[0];
-    const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    const unsigned char style = size != 0 ? data[0] : 0;
+    const std::string text(data + std::min<std::size_t>(size, 1), data + size);
 
     vexa::CJsonTree tree;
     vexa::CReport report;
