@@ -11,6 +11,8 @@
 
 #include <vexa/json_tree.h>
 
+#include "support/told_verdicts.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -22,18 +24,11 @@ std::string Contents(const fs::path& path)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// The verdicts that the page tells, by file: its lines "| `name` | verdict |".
-std::map<std::string, std::string> ToldVerdicts()
+/// Where the files lie: the directory itself or, as the suite is laid out, its test_parsing.
+fs::path FilesOf(const char* suite)
 {
-    std::map<std::string, std::string> verdicts;
-    std::ifstream page(fs::path(ORDANA_TEST_DATA_DIR) / "../../docs/json-conformance.md");
-    for (std::string line; std::getline(page, line);) {
-        if (line.compare(0, 5, "| `i_") != 0) continue;
-        const std::size_t end = line.find('`', 3);
-        const std::size_t verdict = line.find("| ", end) + 2;
-        verdicts[line.substr(3, end - 3)] = line.substr(verdict, line.find(" |", verdict) - verdict);
-    }
-    return verdicts;
+    const fs::path inside = fs::path(suite) / "test_parsing";
+    return fs::is_directory(inside) ? inside : fs::path(suite);
 }
 
 std::string VerdictOfRaw(const std::string& text)
@@ -53,7 +48,7 @@ std::string VerdictOfTree(const std::string& text)
 
 TEST(JsonConformance, ThePageTellsAVerdictOnEveryFileThatLeavesTheChoice)
 {
-    const std::map<std::string, std::string> told = ToldVerdicts();
+    const std::map<std::string, std::string> told = vexa_test::ToldVerdicts();
     EXPECT_EQ(told.size(), 35U);
     for (const auto& [name, verdict] : told)
         EXPECT_TRUE(verdict == "accepted" || verdict == "refused") << name << ": " << verdict;
@@ -63,9 +58,9 @@ TEST(JsonConformance, TheSuiteIsJudgedByItsNamesAndThePage)
 {
     const char* const suite = std::getenv("ORDANA_JSON_SUITE");
     if (suite == nullptr) GTEST_SKIP() << "ORDANA_JSON_SUITE names no directory of the public JSON parsing suite";
-    const std::map<std::string, std::string> told = ToldVerdicts();
+    const std::map<std::string, std::string> told = vexa_test::ToldVerdicts();
     std::map<char, int> counts;
-    for (const fs::directory_entry& entry : fs::directory_iterator(fs::path(suite) / "test_parsing")) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(FilesOf(suite))) {
         const std::string name = entry.path().filename().string();
         if (entry.path().extension() != ".json") continue;
         ++counts[name[0]];
