@@ -16,8 +16,9 @@
 /// An unnamed namespace is `(anonymous namespace)`. A class that is registered by hand has only the name that it is
 /// registered with.
 ///
-/// The classes of a shared object that is unloaded are no longer found; their descriptors must not be used then.
-/// Everything here may be called on any thread.
+/// The classes of a shared object that is unloaded are no longer found; their descriptors must not be used then. While
+/// it is being unloaded, no other thread may read or write what can hold objects of its classes. Everything here may be
+/// called on any thread.
 
 namespace vexa {
 

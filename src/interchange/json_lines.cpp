@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <exception>
-#include <new>
 #include <string>
 #include <string_view>
 
@@ -8,6 +6,7 @@
 
 #include "interchange/json_line.h"
 #include "interchange/json_scan.h"
+#include "interchange/thrown.h"
 
 namespace vexa {
 namespace {
@@ -86,15 +85,13 @@ bool NextFilled(CLineInput& lines, std::string_view& line, CReport& report, bool
 {
     try {
         return NextFilled(lines, line);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& failure) {
+    } catch (...) {
         CProblem problem;
         problem.Code = ProblemCode::INPUT_FAILED;
+        problem.Found = interchange::WhatIsThrown();
         problem.Place = lines.Start();
         problem.Place.Offset += lines.Length();
         problem.Place.Column += lines.Length();
-        problem.Found = failure.what();
         report.Add(std::move(problem));
         isGood = false;
         return false;

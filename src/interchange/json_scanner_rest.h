@@ -1,12 +1,11 @@
 #ifndef VEXA_INTERCHANGE_JSON_SCANNER_REST_H
 #define VEXA_INTERCHANGE_JSON_SCANNER_REST_H
 
-#include <exception>
 #include <limits>
-#include <new>
 
 #include "interchange/json_scanner.h"
 #include "interchange/read_phrase.h"
+#include "interchange/thrown.h"
 #include "interchange/utf8.h"
 
 /// \file
@@ -26,10 +25,8 @@ bool CJsonScanner<Input>::MoreInput()
         try {
             if (m_input.More(m_window)) return true;
             if (m_input.IsTooLong()) Keep(ProblemCode::TOO_LONG, {end, 0}, AtMost(m_policy.MaxBytes, "byte"), {});
-        } catch (const std::bad_alloc&) {
-            throw;
-        } catch (const std::exception& failure) {
-            Keep(ProblemCode::INPUT_FAILED, {end, 0}, {}, failure.what());
+        } catch (...) {
+            Keep(ProblemCode::INPUT_FAILED, {end, 0}, {}, WhatIsThrown());
         }
     }
     return false;

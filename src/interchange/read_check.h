@@ -1,11 +1,9 @@
 #ifndef VEXA_INTERCHANGE_READ_CHECK_H
 #define VEXA_INTERCHANGE_READ_CHECK_H
 
-#include <exception>
-#include <new>
-
 #include "interchange/read_bound.h"
 #include "interchange/read_problem.h"
+#include "interchange/thrown.h"
 
 /// \file
 /// What a description demands of values that have been read.
@@ -32,13 +30,9 @@ __attribute__((noinline)) void CReader<Source>::CheckObject(const CObjectFrame& 
         std::string complaint;
         try {
             complaint = typeinfo::FirstComplaint(*notes, object);
-        } catch (const std::bad_alloc&) {
-            throw;
-        } catch (const std::exception& exception) {
-            complaint = exception.what();
-            if (complaint.empty()) complaint = "an exception";
         } catch (...) {
-            complaint = "an exception";
+            complaint = WhatIsThrown();
+            if (complaint.empty()) complaint = "an exception";
         }
         if (complaint.empty()) return;
         CProblem problem;

@@ -2,6 +2,7 @@
 #define VEXA_INTERCHANGE_READ_HELD_H
 
 #include "interchange/read_problem.h"
+#include "interchange/thrown.h"
 #include "interchange/undo.h"
 #include "reference/emptying.h"
 
@@ -85,16 +86,25 @@ template<class Source>
 bool CReader<Source>::ReadFlagged(const CForm& form, char* object)
 {
     char& flag = object[form.FlagOffset];
-    char* const value = object + form.ValueOffset;
-    if (flag == 0) return ReadAt(form, value);
+    if (flag == 0) return ReadAt(form, object + form.ValueOffset);
     if (m_context.Undo != nullptr) m_context.Undo->SaveBytes(&flag, 1);
-    if (!IsAllOrNothing(form)) {
-        CRefrence wrapper(*form.Type, form.Holder(object));
+    if (IsAllOrNothing(form)) return ReadNoLongerNull(form, object);
+    CRefrence wrapper(*form.Type, form.Holder(object));
+    try {
         if (!reference::SetNotNullAndEmpty(wrapper)) return Refuse(ProblemCode::CANNOT_BE_MADE);
+    } catch (...) { // a converter does not know the empty value
+        return Refuse(ProblemCode::CONVERTER_FAILED, {}, WhatIsThrown());
     }
+    return ReadNoLongerNull(form, object);
+}
+
+template<class Source>
+bool CReader<Source>::ReadNoLongerNull(const CForm& form, char* object)
+{
+    char& flag = object[form.FlagOffset];
     const std::size_t before = m_context.Problems;
     flag = 0;
-    const bool isWhole = ReadAt(form, value);
+    const bool isWhole = ReadAt(form, object + form.ValueOffset);
     if (IsAllOrNothing(form) && (!isWhole || m_context.Problems != before)) flag = 1;
     return isWhole;
 }

@@ -66,13 +66,13 @@ __attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expe
 
 /// Passes over the next value, which cannot be taken whatever it is.
 template<class Source>
-__attribute__((cold, noinline)) bool CReader<Source>::Refuse(ProblemCode code, std::string expected)
+__attribute__((cold, noinline)) bool CReader<Source>::Refuse(ProblemCode code, std::string expected, std::string found)
 {
     const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     if (m_source.HasFailed() || !m_source.Skip()) return Broken();
     const bool isLong = kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT;
-    Tell(code, begin, isLong ? begin + 1 : m_source.EndOffset(), std::move(expected));
+    Tell(code, begin, isLong ? begin + 1 : m_source.EndOffset(), std::move(expected), std::move(found));
     return true;
 }
 

@@ -1,14 +1,13 @@
 #ifndef VEXA_INTERCHANGE_READ_RECORD_H
 #define VEXA_INTERCHANGE_READ_RECORD_H
 
-#include <exception>
 #include <map>
-#include <new>
 
 #include <vexa/group.h>
 
 #include "interchange/read_basic.h"
 #include "interchange/read_held.h"
+#include "interchange/thrown.h"
 
 /// \file
 /// Reading values whose type the text tells, records of them, and custom types.
@@ -245,12 +244,8 @@ bool CReader<Source>::ReadCustom(const CForm& form, char* place)
     try {
         if (m_context.Undo != nullptr) m_context.Undo->SaveConverted(infor, place);
         infor.FromValue(place, value);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& exception) {
-        Tell(ProblemCode::CONVERTER_FAILED, begin, m_source.EndOffset(), {}, exception.what());
     } catch (...) {
-        Tell(ProblemCode::CONVERTER_FAILED, begin, m_source.EndOffset());
+        Tell(ProblemCode::CONVERTER_FAILED, begin, m_source.EndOffset(), {}, WhatIsThrown());
     }
     return true;
 }

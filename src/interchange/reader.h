@@ -162,7 +162,7 @@ private:
     void Tell(ProblemCode code, std::size_t begin, std::size_t end, std::string expected = {}, std::string found = {});
     bool WrongKind(std::string expected, Secrecy secrecy = Secrecy::VALUE);
     bool WrongKind(std::string expected, const CForm& form);
-    bool Refuse(ProblemCode code, std::string expected = {});
+    bool Refuse(ProblemCode code, std::string expected = {}, std::string found = {});
     bool RefuseOpen() { return Refuse(ProblemCode::CANNOT_BE_MADE, "an object that is not being read already"); }
     bool CountOne();
     bool TooManyElements();
@@ -188,6 +188,7 @@ private:
     bool ReadHeld(const CForm& form, char* object);
     bool ReadNull(const CForm& form, char* object);
     bool ReadFlagged(const CForm& form, char* object);
+    bool ReadNoLongerNull(const CForm& form, char* object);
     bool ReadPointee(const CForm& form, char* holder);
     bool ReadNewPointee(const CForm& form, char* holder);
     bool Hold(CHeldValue& held);

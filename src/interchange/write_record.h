@@ -2,12 +2,11 @@
 #define VEXA_INTERCHANGE_WRITE_RECORD_H
 
 #include <algorithm>
-#include <exception>
-#include <new>
 #include <vector>
 
 #include <vexa/custom_type_infor.h>
 
+#include "interchange/thrown.h"
 #include "interchange/write_walk.h"
 #include "reference/custom_value.h"
 
@@ -131,13 +130,8 @@ CWritingWalk<Sink>::Converted(Cursor at, const CCustomBasicTypeInfor& infor, con
     CValue converted;
     try {
         if (infor.ToValue != nullptr) infor.ToValue(value, converted);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& error) {
-        m_context.Tell(ProblemCode::CONVERTER_FAILED, outer, {}, error.what());
-        return m_sink.Null(at);
     } catch (...) {
-        m_context.Tell(ProblemCode::CONVERTER_FAILED, outer, {});
+        m_context.Tell(ProblemCode::CONVERTER_FAILED, outer, {}, WhatIsThrown());
         return m_sink.Null(at);
     }
     return OfValue(at, converted, outer);

@@ -25,8 +25,8 @@ struct CEnumerationSlot;
 /// Reads one JSON value into an object that exists: what the text does not name stays as it is, what it names is
 /// replaced whole. Problems of meaning do not end the reading. After a problem the object is valid and holds what could
 /// be read, or with CReadPolicy::Transactional what it held before. \p text must not be part of the object.
-/// \return whether there was no problem. Throws std::bad_alloc, and what the application's converters throw at
-/// allocation; the object is then valid.
+/// \return whether there was no problem. What converters, checks and \p input throw is a problem; std::bad_alloc, and
+/// what constructors, comparisons and descriptions throw, comes out, with the object as after a problem.
 VEXA_API bool ReadJson(const CRefrence& target, std::string_view text, CReport& report, const CReadPolicy& policy = {},
                        const detail::CEnumerationSlot* names = nullptr);
 VEXA_API bool ReadJson(const CRefrence& target, const InputFunction& input, CReport& report,
@@ -37,7 +37,8 @@ VEXA_API bool ReadEvents(const CRefrence& target, CEventSource& source, CReport&
 
 /// Writes an object as one JSON value, in place of what \p out holds, which must not be part of the object. What has no
 /// form is `null` and a problem. Floating values have the shortest digits that read back equal, with `.0` where they
-/// would be taken for integers. \return whether there was no problem. Throws std::bad_alloc; \p out is then empty.
+/// would be taken for integers. What converters throw is a problem. \return whether there was no problem. Throws
+/// std::bad_alloc; \p out is then empty.
 VEXA_API bool WriteJson(std::string& out, const CConstRefrence& ref, const CWritePolicy& policy = {},
                         CReport* report = nullptr, const detail::CEnumerationSlot* names = nullptr);
 /// The same in pieces of 16 KiB at most. Where \p out gives false, nothing more is written, and the result is false;
@@ -54,7 +55,8 @@ VEXA_API std::string WriteJson(const CReport& report, const CWritePolicy& policy
 
 /// Reads texts of one JSON value a line (empty lines are passed over): each is read into \p object, which is emptied to
 /// a default one before by \p reset, and handed to \p take, which ends the reading with false. Problems have the lines
-/// of the whole text; a line with a problem of grammar is passed over, one with any problem is not handed over.
+/// of the whole text; a line with a problem of grammar is passed over, one with any problem is not handed over. What
+/// \p reset and \p take throw comes out.
 VEXA_API bool ReadJsonLines(const CRefrence& object, const InputFunction& input, const std::function<void()>& reset,
                             const std::function<bool()>& take, CReport& report, const CReadPolicy& policy = {});
 
