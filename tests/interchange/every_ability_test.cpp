@@ -46,7 +46,8 @@ TEST(EveryAbility, KeepsEveryObject)
         for (unsigned int seed = 0; seed < 2 * EVERY_ABILITY && !testing::Test::HasFailure(); ++seed) {
             SCOPED_TRACE(NameOf(kind) + ", seed " + std::to_string(seed));
             const vexa::CFormatAbilities abilities = AbilitiesOf(seed % EVERY_ABILITY);
-            if (!abilities.HasDecimals && NameOf(kind) == "AnyJson") continue; // has numbers that only digits hold
+            const bool hasJson = NameOf(kind) == "AnyJson" || NameOf(kind) == "Noted";
+            if (!abilities.HasDecimals && hasJson) continue; // has numbers that only digits hold
             ExpectSame(CAnyObject(kind, seed), abilities);
         }
     }

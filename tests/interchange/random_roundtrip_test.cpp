@@ -92,6 +92,7 @@ TEST(RandomRoundTrip, IntoAFreshObjectGivesTheObject)
 TEST(RandomRoundTrip, IntoAUsedObjectGivesTheObject)
 {
     ForEachObject([](const CAnyObject& object, std::uint64_t seed) {
+        if (object.Kind().LeavesOut) return; // what the text does not name stays
         vexa_test::Random random(seed);
         const std::string text = Written(object, RandomWritePolicy(random));
         const CAnyObject used(object.Kind(), ~seed);

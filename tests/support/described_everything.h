@@ -1,7 +1,7 @@
 #ifndef VEXA_TESTS_SUPPORT_DESCRIBED_EVERYTHING_H
 #define VEXA_TESTS_SUPPORT_DESCRIBED_EVERYTHING_H
 
-#include "support/described_shapes.h"
+#include "support/described_depths.h"
 
 /// Described classes that together hold every type that can be described, with what fills and compares them by hand.
 
@@ -21,7 +21,8 @@ void ForEachClass(F f)
              ClassTag<ByOwned>(), ClassTag<Records>(), ClassTag<AnyJson>(), ClassTag<Arrays>(), ClassTag<Vectors>(),
              ClassTag<Others>(), ClassTag<Maps>(), ClassTag<Node>(), ClassTag<Nothing>(), ClassTag<Derived>(),
              ClassTag<Choice>(), ClassTag<Choices>(), ClassTag<Groups>(), ClassTag<Signals>(), ClassTag<Optionals>(),
-             ClassTag<Structures>(), ClassTag<Times>(), ClassTag<Circle>(), ClassTag<Drawing>(), ClassTag<Pets>());
+             ClassTag<Structures>(), ClassTag<Times>(), ClassTag<Circle>(), ClassTag<Drawing>(), ClassTag<Pets>(),
+             ClassTag<Mixes>(), ClassTag<Cells>(), ClassTag<Noted>());
 }
 
 /// The same object for the same number, whatever the class can do: what cannot be copied is made twice.

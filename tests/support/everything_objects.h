@@ -23,6 +23,7 @@ struct CKind {
     vexa::CRefrence (*RefOf)(void* object);
     bool (*Same)(Comparison& comparison, const void* left, const void* right);
     bool (*Agrees)(Comparison& comparison, const Json& json, const void* object);
+    bool LeavesOut; ///< what is written does not name every attribute
 };
 
 /// All of them, in the same order in every program.

@@ -1,6 +1,6 @@
 #include "support/everything/models.h"
 
-#include "support/everything_json.h"
+#include "support/depths_json.h"
 
 namespace vexa_test::everything {
 

@@ -17,6 +17,7 @@ CKind KindOf(decltype(CKind::Agrees) agrees)
         return Same(comparison, *static_cast<const T*>(left), *static_cast<const T*>(right));
     };
     kind.Agrees = agrees;
+    kind.LeavesOut = LEAVES_OUT<T>;
     return kind;
 }
 
