@@ -1,15 +1,22 @@
 #ifndef VEXA_TESTS_SUPPORT_SECRET_TEXTS_H
 #define VEXA_TESTS_SUPPORT_SECRET_TEXTS_H
 
+#include <atomic>
 #include <bitset>
+#include <chrono>
+#include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <tuple>
+#include <variant>
 #include <vector>
 
 #include <vexa/interchange.h>
 #include <vexa/json_tree.h>
+#include <vexa/types.h>
 #include <vexa/vexa.h>
 
 #include "support/random_values.h"
@@ -51,6 +58,29 @@ VEXA_DESCRIBE_CLASS(Card)
     about.Attrib("limit", &Card::limit);
 }
 
+enum class Metal { gold, silver };
+VEXA_DESCRIBE_ENUM(Metal, gold, silver)
+
+/// What stands for what is kept in a vault, which says what it is.
+struct Treasure {
+    virtual ~Treasure() = default;
+    std::string story;
+};
+struct Coins : Treasure {
+    int count = 0;
+};
+VEXA_DESCRIBE_CLASS(Treasure)
+{
+    about.Tag("kind");
+    about.Attrib("story", &Treasure::story);
+}
+VEXA_DESCRIBE_CLASS(Coins)
+{
+    about.Base<Treasure>();
+    about.TagValue("coins");
+    about.Attrib("count", &Coins::count);
+}
+
 struct Vault {
     std::string title;
     bool isOpen = false;
@@ -77,6 +107,22 @@ struct Vault {
     vexa::CRow row;
     vexa::CTable table;
     int pair[2] = {};
+    std::optional<std::string> hint;
+    std::optional<Note> memo;
+    std::variant<int, bool, Note> either;
+    Metal metal = Metal::gold;
+    std::map<Metal, int> weights;
+    std::map<int, std::string> byNumber;
+    std::map<double, std::string> byReal;
+    std::unique_ptr<Treasure> treasure;
+    std::vector<std::shared_ptr<Treasure>> treasures;
+    std::tuple<int, std::string> tuple;
+    std::vector<bool> bits;
+    std::atomic<int> counter{0};
+    std::chrono::seconds wait{};
+    std::chrono::system_clock::time_point opened;
+    std::filesystem::path path;
+    vexa::CJsonTree tree;
 };
 VEXA_DESCRIBE_CLASS(Vault)
 {
@@ -105,6 +151,22 @@ VEXA_DESCRIBE_CLASS(Vault)
     about.Attrib("row", &Vault::row).Masked();
     about.Attrib("table", &Vault::table).Masked();
     about.Attrib("pair", &Vault::pair).Masked();
+    about.Attrib("hint", &Vault::hint).Masked();
+    about.Attrib("memo", &Vault::memo).Masked();
+    about.Attrib("either", &Vault::either).Masked();
+    about.Attrib("metal", &Vault::metal).Masked();
+    about.Attrib("weights", &Vault::weights).Masked().Length(1, 2);
+    about.Attrib("byNumber", &Vault::byNumber).Masked();
+    about.Attrib("byReal", &Vault::byReal).Masked();
+    about.Attrib("treasure", &Vault::treasure).Masked();
+    about.Attrib("treasures", &Vault::treasures).Masked();
+    about.Attrib("tuple", &Vault::tuple).Masked();
+    about.Attrib("bits", &Vault::bits).Masked().Length(1, 2);
+    about.Attrib("counter", &Vault::counter).Masked().Range(1, 2);
+    about.Attrib("wait", &Vault::wait).Masked().Range(1, 2);
+    about.Attrib("opened", &Vault::opened).Masked();
+    about.Attrib("path", &Vault::path).Masked().Length(1, 2);
+    about.Attrib("tree", &Vault::tree).Masked();
 }
 
 /// A word that is confidential, and all that stands between the key of its attribute and its end.
@@ -147,7 +209,9 @@ private:
     {
         static const char* const KEYS[] = {"passwords", "phrases", "notes", "remark", "pin", "birthday", "fingerprint",
                                            "balance", "flags", "letters", "age", "height", "isWanted", "talkative",
-                                           "anything", "row", "table", "pair",
+                                           "anything", "row", "table", "pair", "hint", "memo", "either", "metal",
+                                           "weights", "byNumber", "byReal", "treasure", "treasures", "tuple", "bits",
+                                           "counter", "wait", "opened", "path", "tree",
                                            // unknown, but meant for one of them
                                            "password", "Pin", "birthdate", "unheard_of"};
         return KEYS[m_random.Below(std::size(KEYS))];
