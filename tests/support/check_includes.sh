@@ -55,7 +55,7 @@ BEGIN {
     floors(3, "refrence class_refrence container_refrence group")
     floors(4, "text json")
     floors(5, "value table")
-    floors(6, "report event policy json_tree detail/interchange")
+    floors(6, "report event format policy json_tree detail/interchange")
     floors(top, "may_null types describe interchange vexa yaml cbor")
 }
 
