@@ -73,7 +73,8 @@ bool CReader<Source>::ReadNumbers(std::vector<T>& vector)
     CPathScope path(m_context);
     path.Step.To(std::size_t{0});
     if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
-    for (; m_source.NextElement(); ++path.Step.Index) {
+    for (std::size_t index = 0; m_source.NextElement(); ++index) {
+        path.Step.Index = index;
         T value{};
         if (!CountOne()) return false;
         if (!ReadNumber<T>(reinterpret_cast<char*>(&value))) return false;
@@ -88,8 +89,10 @@ bool CReader<Source>::ReadStrings(std::vector<std::string>& vector)
     CPathScope path(m_context);
     path.Step.To(std::size_t{0});
     if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
-    for (; m_source.NextElement(); ++path.Step.Index)
+    for (std::size_t index = 0; m_source.NextElement(); ++index) {
+        path.Step.Index = index;
         if (!CountOne() || !ReadString(vector.emplace_back())) return false;
+    }
     return !m_source.HasFailed() || Broken();
 }
 

@@ -1,5 +1,7 @@
 #include "interchange/read_fit.h"
 
+#include <algorithm>
+
 #include "interchange/read_phrase.h"
 
 namespace vexa::interchange {
@@ -23,9 +25,18 @@ bool BasicTakes(unsigned char code, EventKind kind)
 
 bool IsScalar(EventKind kind) { return kind != EventKind::BEGIN_ARRAY && kind != EventKind::BEGIN_OBJECT; }
 
-bool ShapeTakes(const detail::CShape& shape, EventKind kind)
+bool OnePartTakes(CForms& forms, const CForm& form, EventKind kind)
 {
+    const std::vector<CForm>& parts = forms.Of(form.CustomInfor()).Parts;
+    return std::any_of(parts.begin(), parts.end(), [&](const CForm& part) { return TakesKind(forms, part, kind); });
+}
+
+bool ShapeTakes(CForms& forms, const CForm& form, EventKind kind)
+{
+    const detail::CShape& shape = *form.Shape;
     switch (shape.Kind) {
+    case ShapeKind::OPTIONAL: return kind == EventKind::NULL_VALUE || OnePartTakes(forms, form, kind);
+    case ShapeKind::VARIANT: return OnePartTakes(forms, form, kind);
     case ShapeKind::DURATION: return IsNumber(kind);
     case ShapeKind::TUPLE:
     case ShapeKind::BITS: return kind == EventKind::BEGIN_ARRAY;
@@ -42,7 +53,7 @@ bool ShapeTakes(const detail::CShape& shape, EventKind kind)
 
 } // namespace
 
-bool TakesKind(const CForm& form, EventKind kind)
+bool TakesKind(CForms& forms, const CForm& form, EventKind kind)
 {
     if (kind == EventKind::NULL_VALUE && form.IsNullable) return true;
     switch (form.Kind) {
@@ -63,7 +74,7 @@ bool TakesKind(const CForm& form, EventKind kind)
     case FormKind::BITSET: return kind == EventKind::STRING;
     case FormKind::VALUE:
     case FormKind::CUSTOM: return IsScalar(kind);
-    case FormKind::SHAPE: return ShapeTakes(*form.Shape, kind);
+    case FormKind::SHAPE: return ShapeTakes(forms, form, kind);
     case FormKind::NULL_TYPE: return kind == EventKind::NULL_VALUE;
     default: return false;
     }

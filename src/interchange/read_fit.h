@@ -8,7 +8,7 @@
 namespace vexa::interchange {
 
 /// Whether a value of a form can be read from such a value of a text, by the kind alone. \p form must not be const.
-bool TakesKind(const CForm& form, EventKind kind);
+bool TakesKind(CForms& forms, const CForm& form, EventKind kind);
 /// Whether numbers of that form are integers.
 bool IsIntegerForm(const CForm& form) noexcept;
 

@@ -18,11 +18,11 @@ struct CCandidates {
     unsigned int First = NO_ALTERNATIVE_FITS;
 };
 
-inline CCandidates CandidatesOf(const CShapeForm& shape, EventKind kind)
+inline CCandidates CandidatesOf(CForms& forms, const CShapeForm& shape, EventKind kind)
 {
     CCandidates candidates;
     for (unsigned int i = 0; i < shape.Parts.size(); ++i)
-        if (TakesKind(shape.Parts[i], kind) && candidates.Count++ == 0) candidates.First = i;
+        if (TakesKind(forms, shape.Parts[i], kind) && candidates.Count++ == 0) candidates.First = i;
     return candidates;
 }
 
@@ -33,7 +33,7 @@ bool CReader<Source>::ReadVariant(const CForm& form, char* variant)
     const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     if (m_source.HasFailed()) return Broken();
-    const CCandidates candidates = CandidatesOf(shape, kind);
+    const CCandidates candidates = CandidatesOf(m_context.Forms, shape, kind);
     if (candidates.Count == 0) return Refuse(ProblemCode::NO_ALTERNATIVE);
     if (candidates.Count == 1) return ReadAlternative(form, variant, candidates.First);
     CHeldValue held;
@@ -112,7 +112,8 @@ unsigned int CReader<Source>::FittingAlternative(const CShapeForm& shape, const 
     for (unsigned int i = 0; i < shape.Parts.size(); ++i) {
         const CForm& part = shape.Parts[i];
         const bool isOfKind = IsNumber(kind) && IsIntegerForm(part) == isInteger;
-        if (!TakesKind(part, kind) || (isExact && !isOfKind) || m_context.IsOver || !Fits(part, held)) continue;
+        if (!TakesKind(m_context.Forms, part, kind) || (isExact && !isOfKind) || m_context.IsOver) continue;
+        if (!Fits(part, held)) continue;
         isDoubtful = fitting != NO_ALTERNATIVE_FITS && isExact == isOfKind;
         isExact = isOfKind;
         fitting = i;

@@ -156,31 +156,9 @@ bool CUndo::TakeContents(const CContainerInfor& infor, void* container)
 bool CUndo::TakeCustom(const CForm& form, char* place)
 {
     const CCustomBasicTypeInfor& infor = form.CustomInfor();
-    if (form.Shape->Swap != nullptr && infor.Factory != nullptr && infor.Deleter != nullptr) {
-        Note<CSwapped>(infor, place, form.Shape->Swap);
-        return true;
-    }
-    switch (form.Shape->Kind) {
-    case ShapeKind::BITS: SaveBits(form, place); return true;
-    case ShapeKind::SIGNED_BYTE:
-    case ShapeKind::DURATION:
-    case ShapeKind::TIME_POINT: SaveBytes(place, infor.Size); return true;
-    default: return false;
-    }
-}
-
-void CUndo::SaveBits(const CForm& form, void* place)
-{
-    const auto& operations = form.ShapeOperations<detail::CBitsOperations>();
-    std::vector<bool> bits(operations.Count(place));
-    for (std::size_t i = 0; i < bits.size(); ++i)
-        bits[i] = operations.Get(place, i);
-    SaveBy([&operations, place, kept = std::move(bits)] {
-        operations.Clear(place);
-        for (const bool bit : kept)
-            operations.Append(place, bit);
-    });
-    operations.Clear(place);
+    if (form.Shape->Swap == nullptr || infor.Factory == nullptr || infor.Deleter == nullptr) return false;
+    Note<CSwapped>(infor, place, form.Shape->Swap);
+    return true;
 }
 
 bool CUndo::SaveConverted(const CCustomBasicTypeInfor& infor, void* place)

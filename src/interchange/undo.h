@@ -54,8 +54,6 @@ public:
     using SwapFunction = void (*)(void*, void*);
 
 private:
-    void SaveBits(const CForm& form, void* place);
-
     struct CSaved {
         virtual ~CSaved() = default;
         virtual void PutBack() = 0;

@@ -12,6 +12,7 @@
 #include "core/basic_types.h"
 #include "reference/custom_value.h"
 #include "typeinfo/kept_selectors.h"
+#include "typeinfo/notes.h"
 
 namespace vexa::reference {
 
@@ -119,6 +120,15 @@ bool IsWhole(const CCustomBasicTypeInfor& infor)
     return cover.IsWhole();
 }
 
+/// Whether it is a number that has a structure to the standard formats only: all zeros are an empty one.
+bool IsPlainShape(const CCustomBasicTypeInfor& infor)
+{
+    const detail::CShape* const shape = typeinfo::ShapeOf(infor);
+    return shape != nullptr &&
+           (shape->Kind == detail::ShapeKind::SIGNED_BYTE || shape->Kind == detail::ShapeKind::DURATION ||
+            shape->Kind == detail::ShapeKind::TIME_POINT);
+}
+
 } // namespace
 
 bool HoldsResources(const CGnlTypeInfor& type)
@@ -128,7 +138,9 @@ bool HoldsResources(const CGnlTypeInfor& type)
     case DT_CLASS:
         return !IsWhole(ClassOf(type)) ||
                AnyMember(ClassOf(type), [](const CAttribInfor& attrib) { return HoldsResources(attrib.TypeInfor); });
-    case DT_CUSTOM_BASIC: return !IsWhole(CustomInfor(type)) || HoldsResources(CustomInfor(type).Underlying);
+    case DT_CUSTOM_BASIC:
+        if (IsPlainShape(CustomInfor(type))) return false;
+        return !IsWhole(CustomInfor(type)) || HoldsResources(CustomInfor(type).Underlying);
     case DT_STD_STRING:
     case DT_BINARY:
     case DT_NUMERIC:
@@ -152,8 +164,10 @@ bool IsMadeInPlace(const CGnlTypeInfor& type)
         return IsWhole(ClassOf(type)) &&
                !AnyMember(ClassOf(type), [](const CAttribInfor& attrib) { return !IsMadeInPlace(attrib.TypeInfor); });
     }
-    if (type.DataType == DT_CUSTOM_BASIC)
-        return IsWhole(CustomInfor(type)) && IsMadeInPlace(CustomInfor(type).Underlying);
+    if (type.DataType == DT_CUSTOM_BASIC) {
+        const CCustomBasicTypeInfor& infor = CustomInfor(type);
+        return IsPlainShape(infor) || (IsWhole(infor) && IsMadeInPlace(infor.Underlying));
+    }
     if (!type.IsContainer()) return !HoldsResources(type);
     if (!IsFixed(type)) return IsVector(type);
     const CContainerInfor& infor = ContainerOf(type);
@@ -224,6 +238,7 @@ void MakeDirect(const CGnlTypeInfor& type, void* place, const void* model)
     const CCustomBasicTypeInfor& infor = CustomInfor(type);
     const auto offset = static_cast<unsigned long>(infor.ValueOffset);
     std::memset(place, 0, infor.Size);
+    if (IsPlainShape(infor)) return;
     MakeLike(infor.Underlying, At(place, offset),
              model != nullptr ? static_cast<const char*>(model) + offset : nullptr);
 }
@@ -295,6 +310,7 @@ void ForEachLeaf(const CGnlTypeInfor& type, void* place, const Use& use)
     if (type.DataType == DT_CLASS) return ForEachLeafOf(ClassOf(type), place, use);
     if (type.DataType == DT_CUSTOM_BASIC) {
         const CCustomBasicTypeInfor& infor = CustomInfor(type);
+        if (IsPlainShape(infor)) return;
         return ForEachLeaf(infor.Underlying, At(place, static_cast<unsigned long>(infor.ValueOffset)), use);
     }
     if (!type.IsContainer() || !IsFixed(type)) return use(type, place);
