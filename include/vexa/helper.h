@@ -2,6 +2,7 @@
 #define VEXA_HELPER_H
 
 #include <string>
+#include <string_view>
 
 #include <vexa/export.h>
 
@@ -19,7 +20,8 @@ namespace vexa {
 /// All functions of this header may be called from any thread; a CTimer belongs to one thread.
 namespace helper {
 
-/// Writes one printf-style line to standard output: at most 2046 characters (the rest is cut), a newline and a flush.
+/// Writes one printf-style line to standard output, or hands it to the handler that SetLogHandler has set: at most 2046
+/// characters (the rest is cut); to standard output with a newline and a flush.
 /// Nothing is put before the text. A null format writes nothing; one that would store through an argument, by "%n", is
 /// refused and gives an empty line. Numbers are formatted independently of the locale.
 /// Lines of several threads interleave only at their ends.
@@ -27,6 +29,18 @@ VEXA_API void LogWarning(const char* format, ...) __attribute__((format(printf, 
 
 /// The same as LogWarning. Every failure that the library itself reports goes through this function.
 VEXA_API void LogError(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+enum class LogLevel : unsigned char { WARNING, ERROR };
+
+/// Takes a line of LogWarning or LogError. \p text has no newline, and is gone when the handler returns.
+using LogHandler = void (*)(LogLevel level, std::string_view text);
+
+/// Lets \p handler take every line from now on, those of the library itself among them, on whichever thread it is
+/// logged; null gives them to standard output again, as at first. The handler is called without a lock, on several
+/// threads at once if they log at once, also where the caller holds the process-wide lock. What it logs itself goes to
+/// standard output, and so does the line when it throws; the exception goes no further.
+/// \return the handler until now, which another thread may still be in.
+VEXA_API LogHandler SetLogHandler(LogHandler handler) noexcept;
 
 /// Takes the process-wide recursive lock that guards the one-time creation of descriptors. A thread that holds it may
 /// take it again, and releases it as often as it took it.
