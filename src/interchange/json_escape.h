@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "core/escape_text.h"
+#include "interchange/json_scan.h"
 
 /// \file
 /// Text in JSON strings of RFC 8259: quotation mark, backslash and control characters are escaped, everything else
@@ -42,6 +43,16 @@ inline unsigned int SpecialBits(core::Block block) noexcept
     const core::Block quote = _mm_cmpeq_epi8(block, _mm_set1_epi8('"'));
     const core::Block backslash = _mm_cmpeq_epi8(block, _mm_set1_epi8('\\'));
     return core::BitsOf(_mm_or_si128(outside, _mm_or_si128(quote, backslash)));
+}
+#endif
+
+#ifdef __SSE2__
+/// Whether the first \p length of 16 bytes, among which are special ones, stand as they are: whole characters without
+/// anything to escape.
+__attribute__((noinline)) inline bool StandAsTheyAre(core::Block block, std::size_t length) noexcept
+{
+    if ((CEscapeStop::BitsIn(block) & core::FIRST_BITS[length]) != 0) return false;
+    return core::WholeCharactersIn(_mm_and_si128(block, core::FirstBytes(length))) == core::BLOCK;
 }
 #endif
 

@@ -12,6 +12,7 @@
 #include <vexa/policy.h>
 
 #include "core/escape.h"
+#include "core/utf8.h"
 #include "text/json_cursor.h"
 
 /// \file
@@ -69,6 +70,23 @@ struct CStringStop {
 #endif
 };
 
+/// The same where bytes beyond ASCII are looked at by themselves.
+struct CEscapeStop {
+    static bool Is(char byte) noexcept
+    {
+        return static_cast<unsigned char>(byte) < 0x20 || byte == '"' || byte == '\\';
+    }
+#ifdef __SSE2__
+    static unsigned BitsIn(core::Block block) noexcept
+    {
+        const core::Block control = _mm_cmpeq_epi8(_mm_min_epu8(block, _mm_set1_epi8(0x1F)), block);
+        const core::Block quote = _mm_cmpeq_epi8(block, _mm_set1_epi8('"'));
+        const core::Block backslash = _mm_cmpeq_epi8(block, _mm_set1_epi8('\\'));
+        return core::BitsOf(_mm_or_si128(control, _mm_or_si128(quote, backslash)));
+    }
+#endif
+};
+
 struct CNonBlank {
     static bool Is(char byte) noexcept { return !text::IsBlank(byte); }
 #ifdef __SSE2__
@@ -100,6 +118,15 @@ inline const char* FindByte(const char* next, const char* end) noexcept
     while (next != end && !Wanted::Is(*next))
         ++next;
     return next;
+}
+
+/// Where characters that stand in a string as they are end, the first of which begins here. Looks at a limited number
+/// of bytes: each one that is wrong has the end looked for anew.
+inline const char* EndOfCharacters(const char* next, const char* end) noexcept
+{
+    constexpr std::ptrdiff_t MAX_LOOK_AHEAD = 256;
+    const char* const last = end - next > MAX_LOOK_AHEAD ? next + MAX_LOOK_AHEAD : end;
+    return core::FindBadCharacter(next, FindByte<CEscapeStop>(next, last));
 }
 
 /// Whether two texts of \p length bytes are the same: mostly by two comparisons of words, which overlap.

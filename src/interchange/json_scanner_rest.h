@@ -236,6 +236,9 @@ bool CJsonScanner<Input>::ScanString(const char* stop, CScannedString& scanned)
 template<class Input>
 bool CJsonScanner<Input>::ScanLongCharacters(CScannedString& scanned)
 {
+    const char* const first = m_window.Next;
+    m_window.Next = EndOfCharacters(first, m_window.End);
+    if (m_window.Next != first) return true;
     while (m_window.Next != m_window.End && static_cast<unsigned char>(*m_window.Next) >= 0x80) {
         Ensure(MAX_CHARACTER_LENGTH);
         std::size_t length = LongCharacterLength(m_window.Next, m_window.End);

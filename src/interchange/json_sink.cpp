@@ -2,7 +2,10 @@
 
 #include "interchange/json_sink.h"
 
+#include <utility>
+
 #include "interchange/base64.h"
+#include "interchange/json_scan.h"
 #include "interchange/utf8.h"
 
 namespace vexa::interchange {
@@ -60,11 +63,22 @@ char* CJsonSink<STYLED>::Escaped(char* at, std::string_view text, const CPathSte
         const std::size_t plain = CopyPlain(at, next, slice);
         at += plain;
         next += plain;
-        while (next != end && IsSpecial(*next))
-            at = Special(Reserve(at, ESCAPE_ROOM), next, end, isBad);
+        while (next != end && IsSpecial(*next)) {
+            if (TakesCharacters() && CNonAscii::Is(*next)) at = Characters(at, next, end);
+            if (next != end && IsSpecial(*next)) at = Special(Reserve(at, ESCAPE_ROOM), next, end, isBad);
+        }
     }
     if (isBad && m_context.Policy().Text == BadText::PROBLEM) m_context.Tell(ProblemCode::BAD_UTF8, where, {});
     return at;
+}
+
+/// The characters up to something else.
+template<bool STYLED>
+char* CJsonSink<STYLED>::Characters(char* at, const char*& next, const char* end)
+{
+    const char* const first = std::exchange(next, EndOfCharacters(next, end));
+    const auto length = static_cast<std::size_t>(next - first);
+    return Ready(Reserve(at, length), first, length);
 }
 
 /// One special byte, or the character that starts with it.
@@ -87,7 +101,7 @@ char* CJsonSink<STYLED>::Special(char* at, const char*& next, const char* end, b
 template<bool STYLED>
 char* CJsonSink<STYLED>::Character(char* at, const char* character, std::size_t length)
 {
-    if (STYLED && m_context.Policy().AsciiOnly) return WriteUnits(at, Decode(character, length));
+    if (!TakesCharacters()) return WriteUnits(at, Decode(character, length));
     at[0] = character[0];
     at[1] = character[1];
     if (length > 2) at[2] = character[2];
@@ -115,7 +129,7 @@ char* CJsonSink<STYLED>::Bytes(char* at, const CBinary& bytes)
 template<bool STYLED>
 char* CJsonSink<STYLED>::Raw(char* at, std::string_view json)
 {
-    if (!STYLED || !m_context.Policy().AsciiOnly) return Comma(Copy(at, json));
+    if (TakesCharacters()) return Comma(Copy(at, json));
     const char* next = json.data();
     const char* const end = next + json.size();
     while (next != end) {

@@ -64,7 +64,7 @@ public:
         if (!value.Fraction.empty()) at = Copy(Ready(at, ".", 1), value.Fraction);
         return Comma(at);
     }
-    Cursor Text(Cursor at, const std::string& text, const CPathStep& where)
+    __attribute__((always_inline)) Cursor Text(Cursor at, const std::string& text, const CPathStep& where)
     {
 #ifdef __SSE2__
         const std::size_t length = text.size(); // of a string 16 bytes may be read however short it is
@@ -72,7 +72,8 @@ public:
             const core::Block block = core::LoadBlock(text.data());
             *at = '"';
             core::StoreBlock(at + 1, block);
-            if (__builtin_expect((SpecialBits(block) & core::FIRST_BITS[length]) == 0, 1))
+            const bool isAscii = (SpecialBits(block) & core::FIRST_BITS[length]) == 0;
+            if (__builtin_expect(isAscii || (TakesCharacters() && StandAsTheyAre(block, length)), 1))
                 return Ready(at + 1 + length, "\",", 2);
         }
 #endif
@@ -138,6 +139,9 @@ private:
     static constexpr std::size_t SLICE = 4096;
     static_assert(SLICE + VALUE_ROOM <= MAX_RESERVED && 64 * (core::DECIMAL_ROOM + 1) <= MAX_RESERVED);
 
+    /// Whether what lies beyond ASCII is written as it is.
+    bool TakesCharacters() const noexcept { return !STYLED || !m_context.Policy().AsciiOnly; }
+
     static Cursor Comma(Cursor at)
     {
         *at = ',';
@@ -178,6 +182,7 @@ private:
     /// Any text as it stands; and room for a value.
     Cursor Copy(Cursor at, std::string_view text);
     Cursor Escaped(Cursor at, std::string_view text, const CPathStep& where);
+    Cursor Characters(Cursor at, const char*& next, const char* end);
     Cursor Special(Cursor at, const char*& next, const char* end, bool& isBad);
     Cursor Character(Cursor at, const char* character, std::size_t length);
 

@@ -5,6 +5,7 @@
 
 #include "core/read_time.h"
 #include "interchange/json_number.h"
+#include "interchange/json_plain.h"
 #include "interchange/nearest.h"
 #include "interchange/read_key.h"
 #include "interchange/read_problem.h"
@@ -104,10 +105,7 @@ inline bool CReader<Source>::ReadString(std::string& string)
     if (!m_source.String(text)) return Broken();
     if (string.empty() && text.Text.empty()) return true;
     if (__builtin_expect(m_context.Undo != nullptr, 0)) m_context.Undo->SaveString(string);
-    if (string.empty()) // as in every new object: appending to nothing costs least
-        string.append(text.Text.data(), text.Text.size());
-    else
-        string.assign(text.Text.data(), text.Text.size());
+    StoreText(string, text.Text);
     return true;
 }
 

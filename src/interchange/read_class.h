@@ -2,6 +2,7 @@
 #define VEXA_INTERCHANGE_READ_CLASS_H
 
 #include "interchange/read_check.h"
+#include "interchange/read_plain.h"
 #include "interchange/read_polymorphic.h"
 #include "reference/union_member.h"
 
@@ -13,18 +14,15 @@ namespace vexa::interchange {
 /// An object's part of CReadContext::Firsts, as long as it is open.
 class CFirstsScope {
 public:
-    CFirstsScope(CReadContext& context, std::size_t count) : m_firsts(context.Firsts), m_base(m_firsts.size())
-    {
-        m_firsts.resize(m_base + count);
-    }
+    CFirstsScope(CReadContext& context, std::size_t count) : m_firsts(context.Firsts), m_base(m_firsts.Push(count)) {}
     CFirstsScope(const CFirstsScope&) = delete;
     CFirstsScope& operator=(const CFirstsScope&) = delete;
-    ~CFirstsScope() { m_firsts.resize(m_base); }
+    ~CFirstsScope() { m_firsts.Pop(m_base); }
 
     std::size_t Base() const noexcept { return m_base; }
 
 private:
-    std::vector<std::uint32_t>& m_firsts;
+    CFirsts& m_firsts;
     std::size_t m_base;
 };
 
@@ -65,7 +63,7 @@ bool CReader<Source>::ReadRest(const CWholeObject& whole, std::size_t brace, std
 template<class Source>
 inline bool CReader<Source>::NextKeyIs([[maybe_unused]] const CMember& member)
 {
-    if constexpr (!std::is_same_v<Source, CEventReader>)
+    if constexpr (IS_JSON)
         return m_source.NextKeyIs(member.JsonKey);
     else
         return false;
@@ -76,12 +74,17 @@ template<class Source>
 bool CReader<Source>::ReadKeys(CObjectFrame& frame)
 {
     const CClassForm& form = frame.Form;
+    const bool isPlain = IsPlainReading() && !form.HasNotes && !form.HasUnions;
     const CMember* next = form.Members.data();
     const CMember* const end = next + form.Members.size();
     CText key;
     for (;;) {
-        const CMember* member = next;
-        const bool isGuessed = next != end && next->HasKey && NextKeyIs(*next);
+        const CMember* member = isPlain ? ReadPlainMembers(frame, next, end) : nullptr;
+        bool isGuessed = member != nullptr;
+        if (!isGuessed) {
+            member = next;
+            isGuessed = !isPlain && next != end && next->HasKey && NextKeyIs(*next);
+        }
         if (__builtin_expect(!isGuessed, 0)) {
             if (!m_source.NextKey(key)) break;
             if (next == end || !next->HasKey || key.Text != next->Key) member = form.Find(key.Text);

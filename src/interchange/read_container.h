@@ -3,6 +3,7 @@
 
 #include "interchange/read_basic.h"
 #include "interchange/read_held.h"
+#include "interchange/read_plain.h"
 
 /// \file
 /// Reading sequences, sets and fixed arrays. Containers are emptied first, and their elements are new.
@@ -73,7 +74,9 @@ bool CReader<Source>::ReadNumbers(std::vector<T>& vector)
     CPathScope path(m_context);
     path.Step.To(std::size_t{0});
     if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
-    for (std::size_t index = 0; m_source.NextElement(); ++index) {
+    std::size_t index = TakePlainElements(vector);
+    if (index != 0) path.Step.Index = index - 1;
+    for (; m_source.NextElement(); ++index) {
         path.Step.Index = index;
         T value{};
         if (!CountOne()) return false;
@@ -89,7 +92,9 @@ bool CReader<Source>::ReadStrings(std::vector<std::string>& vector)
     CPathScope path(m_context);
     path.Step.To(std::size_t{0});
     if (const std::size_t hint = m_source.SizeHint()) vector.reserve(hint);
-    for (std::size_t index = 0; m_source.NextElement(); ++index) {
+    std::size_t index = TakePlainElements(vector);
+    if (index != 0) path.Step.Index = index - 1;
+    for (; m_source.NextElement(); ++index) {
         path.Step.Index = index;
         if (!CountOne() || !ReadString(vector.emplace_back())) return false;
     }

@@ -1,6 +1,7 @@
 #ifndef VEXA_INTERCHANGE_READ_CONTEXT_H
 #define VEXA_INTERCHANGE_READ_CONTEXT_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -34,6 +35,28 @@ enum class Secrecy : unsigned char {
     HIDDEN ///< the value of an unknown key where some are confidential, or what is broken
 };
 
+/// For each member of the objects that are open: where its key stands, plus 1; 0 where it has not been met.
+class CFirsts {
+public:
+    /// Makes room for the members of an object that is entered. \return where it begins.
+    std::size_t Push(std::size_t count)
+    {
+        const std::size_t base = m_used;
+        m_used += count;
+        if (m_used > m_places.size()) m_places.resize(2 * m_used);
+        std::fill_n(m_places.begin() + static_cast<std::ptrdiff_t>(base), count, 0U);
+        return base;
+    }
+    void Pop(std::size_t base) noexcept { m_used = base; }
+    std::uint32_t& operator[](std::size_t i) noexcept { return m_places[i]; }
+    /// Those from \p base on, until something is pushed.
+    std::uint32_t* From(std::size_t base) noexcept { return m_places.data() + base; }
+
+private:
+    std::vector<std::uint32_t> m_places;
+    std::size_t m_used = 0;
+};
+
 /// What one reading has in common, however many readers take part in it.
 class CReadContext {
 public:
@@ -51,8 +74,8 @@ public:
     CLocator* Locator = nullptr;
     const CTextPlace* Start = nullptr; ///< where the text begins in a longer one, of which places are told; may be null
     const CPathStep* Path = nullptr;
-    CUndo* Undo = nullptr;               ///< null while nothing need be undone: what is read into is new
-    std::vector<std::uint32_t> Firsts;   ///< for each member of the objects that are open: where its key stands, plus 1
+    CUndo* Undo = nullptr; ///< null while nothing need be undone: what is read into is new
+    CFirsts Firsts;
     const CObjectFrame* Frame = nullptr; ///< the innermost object that is open
     bool IsTrial = false;                ///< problems are only counted
     std::size_t Problems = 0;            ///< so many so far

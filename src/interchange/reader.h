@@ -156,6 +156,8 @@ private:
     template<class Other>
     friend class CReader;
 
+    static constexpr bool IS_JSON = !std::is_same_v<Source, CEventReader>; ///< of a whole text
+
     // read_problem.h
     bool Broken();
     void Tell(CProblem problem, std::size_t begin, std::size_t end, Secrecy secrecy = Secrecy::VALUE);
@@ -209,6 +211,12 @@ private:
                    const CTextPlace& place, CWholeObject& whole);
     bool FindWithoutTag(const CClassInfor& base, CTaggedTarget& target, CWholeObject& whole);
     void TellUnknownTag(const CClassInfor& base, EventKind kind, std::string_view value, const CTextPlace& place);
+
+    // read_plain.h
+    bool IsPlainReading() const noexcept;
+    const CMember* ReadPlainMembers(const CObjectFrame& frame, const CMember*& next, const CMember* last);
+    template<class T>
+    std::size_t TakePlainElements(std::vector<T>& vector);
 
     // read_class.h
     bool ReadClass(const CClassInfor& infor, char* object, std::string_view tag = {});

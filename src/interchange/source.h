@@ -42,8 +42,6 @@
 ///     bool NextKeyIs(std::string_view written);  NextKey() for the key that is expected: true if the next one is
 ///                                    written just so, as `"key":`; otherwise nothing has happened, and NextKey() is
 ///                                    to be asked
-///     bool Double(double& value);    Number() for a floating value: the nearest; false where it is beyond the range or
-///                                    no number: nothing has happened then, and Number() is to be asked
 ///     std::string_view Text() const; the whole text, of which Offset() and EndOffset() tell the places
 
 namespace vexa::interchange {

@@ -18,7 +18,9 @@ namespace vexa::interchange {
 inline constexpr std::size_t MAX_CHARACTER_LENGTH = 4;
 inline constexpr std::uint32_t REPLACEMENT_CHARACTER = 0xFFFD;
 
+using core::AreCharacters;
 using core::CharacterLength;
+using core::FindBadCharacter;
 using core::IsContinuation;
 using core::LongCharacterLength;
 
@@ -49,7 +51,10 @@ inline std::uint32_t CharacterOfBadByte(char byte, BadText policy) noexcept
 }
 
 /// The first byte that is part of no character, or the text's size.
-std::size_t FindBadUtf8(std::string_view text) noexcept;
+inline std::size_t FindBadUtf8(std::string_view text) noexcept
+{
+    return static_cast<std::size_t>(FindBadCharacter(text.data(), text.data() + text.size()) - text.data());
+}
 
 /// Appends a text, with what the policy says in place of each byte that is part of no character. With
 /// BadText::PROBLEM the text has none.

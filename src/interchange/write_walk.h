@@ -178,17 +178,25 @@ private:
         for (const CMember& member : form.Members) {
             frame.Member = &member;
             at = m_sink.Key(at, member, frame);
+            const char* const value = object + member.ValueOffset;
             if (member.Kind != FormKind::BASIC || member.How != Held::DIRECT) {
-                at = Holder(at, member, object, frame);
+                at = Inner(at, member, object, value, frame);
                 continue;
             }
-            const char* const value = object + member.ValueOffset;
             if (member.Code == Enum::DT_STD_STRING) // the most usual of all
                 at = m_sink.Text(at, *reinterpret_cast<const std::string*>(value), frame);
             else
                 core::VisitBasicType(member.Code, [&](auto type) { at = Basic(type, at, value, frame); });
         }
         return m_sink.EndObject(at);
+    }
+    /// A member that is no basic value held directly. Objects and arrays are the most usual.
+    Cursor Inner(Cursor at, const CMember& member, const char* object, const char* value, CWriteFrame& frame)
+    {
+        if (member.How != Held::DIRECT) return Holder(at, member, object, frame);
+        if (member.Kind == FormKind::CLASS) return Class(at, member.ClassInfor(), value, frame, false, nullptr);
+        if (member.Kind == FormKind::SEQUENCE) return Container(at, member, value, frame);
+        return Value(at, member, value, frame);
     }
     /// What a pointer to a class, or an alternative of a variant, leads to, with its tag where its class has one.
     Cursor Tagged(Cursor at, const CClassInfor& base, const char* object, CWriteFrame& outer, bool isReached);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <vexa/event.h>
+#include <vexa/interchange.h>
 
 #include "support/json_texts.h"
 
@@ -106,6 +107,48 @@ TEST(JsonUtf8, BytesThatArePartOfNoCharacterGoByThePolicy)
         text += std::string(random() % 3, 'y');
         for (const BadText policy : {BadText::PROBLEM, BadText::REPLACE, BadText::LATIN_1})
             ASSERT_EQ(Read(text, policy), Mended(text, policy)) << "seed " << seed;
+    }
+}
+
+/// Mostly characters of all lengths, some of them broken, so that sixteen bytes at a time may be good.
+std::string MostlyCharacters(std::mt19937& random, int badOneIn)
+{
+    std::string text;
+    for (std::size_t left = random() % 60; left > 0; --left) {
+        const unsigned range = random() % 4;
+        const std::uint32_t character = range == 0   ? 0x20 + random() % 2
+                                        : range == 1 ? 0x80 + random() % 0x780
+                                        : range == 2 ? 0xE000 + random() % 0x1000
+                                                     : 0x10000 + random() % 0x100000;
+        std::string bytes = Bytes(character);
+        if (random() % static_cast<unsigned>(badOneIn) == 0) {
+            const std::size_t at = random() % bytes.size();
+            if (random() % 2 == 0)
+                bytes[at] = static_cast<char>(random() % 128 + 128);
+            else
+                bytes.erase(at, 1);
+        }
+        text += bytes;
+    }
+    return text;
+}
+
+TEST(JsonUtf8, LongTextsGoByThePolicyBothWays)
+{
+    const unsigned seed = std::random_device()();
+    std::mt19937 random(seed);
+    for (int i = 0; i < 30000; ++i) {
+        const std::string text = MostlyCharacters(random, i % 2 == 0 ? 1000000 : 40);
+        for (const BadText policy : {BadText::PROBLEM, BadText::REPLACE, BadText::LATIN_1}) {
+            const std::string mended = Mended(text, policy);
+            ASSERT_EQ(Read(text, policy), mended) << "seed " << seed;
+            vexa::CWritePolicy writing;
+            writing.Text = policy;
+            std::string written;
+            ASSERT_EQ(vexa::WriteJson(written, text, writing), mended != "refused") << "seed " << seed;
+            if (mended == "refused") continue;
+            ASSERT_EQ(written, '"' + mended + '"') << "seed " << seed;
+        }
     }
 }
 
