@@ -64,15 +64,19 @@ void Make(CContainerSlot& slot)
 {
     const CContainerRecord& record = slot.Record;
     auto& made = FillWith(slot, std::make_unique<typeinfo::CFinishedContainer>());
-    made.SetBaseTypeInfor(record.Name, record.Size, record.Factory, record.Deleter, 0);
+    const bool isManaged = (record.Form & CContainerRecord::MANAGED) != 0;
+    const unsigned int form = record.Form & ~CContainerRecord::MANAGED;
+    made.SetBaseTypeInfor(record.Name, record.Size, isManaged ? &NewVector : record.Maker.Factory, record.Deleter, 0);
+    made.IsManaged = isManaged;
+    if (isManaged) made.Manage = record.Maker.Manage;
     made.Append = record.Append;
     made.Clear = record.Clear;
     made.Mark.Set(CFinishedMark::CONTAINER);
     record.Fill(made);
     made.ElementType = MakeTypeInfor(record.Element);
     made.ElementNames = typeinfo::EnumerationOf(record.Element);
-    if (record.Form == CFinishedMark::VECTOR) CheckVectorLayout();
-    if (record.Form != 0) made.Mark.Set(record.Form, record.Stride);
+    if (form == CFinishedMark::VECTOR) CheckVectorLayout();
+    if (form != 0) made.Mark.Set(form, record.Stride);
 }
 
 } // namespace
@@ -80,6 +84,16 @@ void Make(CContainerSlot& slot)
 void SetSwap(CContainerInfor& infor, void (*swap)(void* left, void* right)) noexcept
 {
     if (infor.Mark.Is(CFinishedMark::CONTAINER)) static_cast<typeinfo::CFinishedContainer&>(infor).Swap = swap;
+}
+
+void SetFindKey(CContainerInfor& infor, void* (*find)(void* map, const void* key)) noexcept
+{
+    if (infor.Mark.Is(CFinishedMark::CONTAINER)) static_cast<typeinfo::CFinishedContainer&>(infor).FindKey = find;
+}
+
+void SetRemove(CContainerInfor& infor, void (*remove)(void* container, const void* element)) noexcept
+{
+    if (infor.Mark.Is(CFinishedMark::CONTAINER)) static_cast<typeinfo::CFinishedContainer&>(infor).Remove = remove;
 }
 
 namespace {

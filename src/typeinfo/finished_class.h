@@ -8,6 +8,7 @@
 #include <vexa/custom_type_infor.h>
 #include <vexa/detail/enumeration.h>
 #include <vexa/detail/shape.h>
+#include <vexa/detail/vector.h>
 
 namespace vexa::typeinfo {
 
@@ -43,6 +44,12 @@ struct CFinishedContainer : CContainerInfor {
     mutable std::atomic<const CContainerPlan*> Plan{nullptr};
     const detail::CEnumerationSlot* ElementNames = nullptr; ///< of the elements' values, where they have names
     void (*Swap)(void* left, void* right) = nullptr;        ///< exchanges the contents of two; null for vectors
+    /// Removes the element at an address; null for vectors that are handled by Manage, and where it cannot be done.
+    void (*Remove)(void* container, const void* element) = nullptr;
+    /// The entry of a map that has a key; null for a map whose keys are neither text, integers nor enumerators.
+    void* (*FindKey)(void* map, const void* key) = nullptr;
+    bool IsManaged = false;                  ///< a vector whose elements Manage handles
+    detail::ManageFunction Manage = nullptr; ///< null for elements that are plain bytes
     mutable std::atomic<const CKept*> Form{nullptr};
 };
 

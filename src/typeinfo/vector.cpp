@@ -122,6 +122,21 @@ void ClearVector(void* vector, unsigned long size, ManageFunction manage) noexce
     Store(vector, layout);
 }
 
+void RemoveFromVector(void* vector, unsigned long size, ManageFunction manage, void* element) noexcept
+{
+    CLayout layout = Load(vector);
+    auto* place = static_cast<char*>(element);
+    layout.Finish -= size;
+    if (manage == nullptr) {
+        std::memmove(place, place + size, static_cast<std::size_t>(layout.Finish - place));
+    } else {
+        manage(ElementTask::DESTROY, place, nullptr);
+        for (; place != layout.Finish; place += size)
+            manage(ElementTask::MOVE, place, place + size);
+    }
+    Store(vector, layout);
+}
+
 void DeleteVector(void* vector, unsigned long size, ManageFunction manage) noexcept
 {
     if (vector == nullptr) return;

@@ -289,21 +289,36 @@ constexpr unsigned int StrideOf()
 }
 
 template<class Container>
+constexpr CContainerMaker MakerOf()
+{
+    if constexpr (CVectorTrait<Container>::IS_POSSIBLE)
+        return CVectorOperations<Container>::Manage();
+    else
+        return &MakeObject<Container>;
+}
+
+template<class Container>
 constexpr CContainerRecord MakeContainerRecord()
 {
     using Kind = CKind<Container>;
-    CContainerRecord record{
-        Kind::NAME, sizeof(Container), FormOf<Container>(),      StrideOf<Container>(), nullptr, nullptr, nullptr,
-        nullptr,    nullptr,           ELEMENT_SOURCE<Container>};
+    CContainerRecord record{Kind::NAME,
+                            sizeof(Container),
+                            FormOf<Container>(),
+                            StrideOf<Container>(),
+                            MakerOf<Container>(),
+                            nullptr,
+                            nullptr,
+                            nullptr,
+                            nullptr,
+                            ELEMENT_SOURCE<Container>};
     if constexpr (CVectorTrait<Container>::IS_POSSIBLE) {
         using Operations = CVectorOperations<Container>;
-        record.Factory = &NewVector;
+        record.Form |= CContainerRecord::MANAGED;
         record.Deleter = &Operations::Delete;
         record.Append = &Operations::Append;
         record.Clear = &Operations::Clear;
         record.Fill = &FillVectorWalk<Operations::SIZE>;
     } else {
-        record.Factory = &MakeObject<Container>;
         record.Deleter = &DestroyObject<Container>;
         record.Fill = &Kind::Fill;
     }

@@ -140,6 +140,21 @@ void FillSwap(CContainerInfor& infor)
     });
 }
 
+/// What lies behind the element in a vector or deque takes its place.
+template<class Container>
+void FillRemove(CContainerInfor& infor)
+{
+    SetRemove(infor, [](void* container, const void* element) {
+        auto& shrunk = *static_cast<Container*>(container);
+        for (auto position = shrunk.begin(); position != shrunk.end(); ++position) {
+            if (static_cast<const void*>(std::addressof(*position)) != element) continue;
+            if constexpr (HOLDS_RAW_POINTERS<Container>) Disown(*position);
+            shrunk.erase(position);
+            return;
+        }
+    });
+}
+
 /// Whether elements stay where they are when others come.
 template<class Container>
 inline constexpr bool KEEPS_PLACES =
@@ -153,6 +168,8 @@ struct CSequenceOperations {
         FillClear<Container>(infor);
         FillSwap<Container>(infor);
         using Element = typename Container::value_type;
+        if constexpr (std::is_move_assignable_v<Element> || IS_SPECIALIZATION<Container, std::list>)
+            FillRemove<Container>(infor);
         constexpr bool CAN_BE_HELD = KEEPS_PLACES<Container> || std::is_move_constructible_v<Element>;
         if constexpr (std::is_default_constructible_v<Element> && CAN_BE_HELD) {
             infor.Append = [](void* container) -> void* {
@@ -248,6 +265,18 @@ struct CAssociativeOperations {
         else
             return element.first;
     }
+    static void FillFindKey(CContainerInfor& infor)
+    {
+        using Key = typename Container::key_type;
+        constexpr bool IS_PLAIN = std::is_same_v<Key, std::string> || std::is_integral_v<Key> || std::is_enum_v<Key>;
+        if constexpr (IS_PLAIN && IS_KEY_UNIQUE && !std::is_same_v<Key, Element>) {
+            SetFindKey(infor, [](void* map, const void* key) -> void* {
+                auto& searched = *static_cast<Container*>(map);
+                const auto found = searched.find(*static_cast<const Key*>(key));
+                return found != searched.end() ? std::addressof(*found) : nullptr;
+            });
+        }
+    }
     template<class T>
     static void Forget(T& value)
     {
@@ -264,6 +293,8 @@ struct CAssociativeOperations {
         CWalkOperations<Container>::Fill(infor);
         FillClear<Container>(infor);
         FillSwap<Container>(infor);
+        FillRemove<Container>(infor);
+        FillFindKey(infor);
         if constexpr (std::is_move_constructible_v<Element>) infor.Insert = &Insert;
     }
 };

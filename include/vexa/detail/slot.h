@@ -6,6 +6,7 @@
 #include <vexa/class_infor.h>
 #include <vexa/container_infor.h>
 #include <vexa/custom_type_infor.h>
+#include <vexa/detail/vector.h>
 #include <vexa/export.h>
 
 /// \file
@@ -73,13 +74,24 @@ struct CClassSlot : CSlot {
     void (*Describe)(CDescriptionBase&); ///< of a CDescription of the class
 };
 
+/// How a container is made: by a factory, or as a vector whose elements the library handles by one function.
+union CContainerMaker {
+    constexpr CContainerMaker(void* (*factory)()) noexcept : Factory(factory) {}
+    constexpr CContainerMaker(ManageFunction manage) noexcept : Manage(manage) {}
+
+    void* (*Factory)();
+    ManageFunction Manage; ///< with CContainerRecord::MANAGED; null for elements that are plain bytes
+};
+
 /// Everything that the library must know of a container type to describe it.
 struct CContainerRecord {
+    static constexpr unsigned int MANAGED = 1U << 31U;
+
     const char* Name;
     unsigned long Size;
-    unsigned int Form;   ///< CFinishedMark::VECTOR, SLOTS or none
+    unsigned int Form;   ///< CFinishedMark::VECTOR, SLOTS or none; perhaps also MANAGED
     unsigned int Stride; ///< bytes from one element to the next, where there is a form
-    void* (*Factory)();
+    CContainerMaker Maker;
     void (*Deleter)(void*);
     CContainerInfor::AppendFunction Append; ///< null where Fill sets it, or where there is none; Clear likewise
     CContainerInfor::ClearFunction Clear;
@@ -89,6 +101,12 @@ struct CContainerRecord {
 
 /// Keeps how the contents of two containers are exchanged, beside the descriptor's fields.
 VEXA_API void SetSwap(CContainerInfor& infor, void (*swap)(void* left, void* right)) noexcept;
+
+/// Keeps how an element, given by its address, is removed, likewise.
+VEXA_API void SetRemove(CContainerInfor& infor, void (*remove)(void* container, const void* element)) noexcept;
+
+/// Keeps how the entry of a map is found by its key, given by the address of one; null where there is none. Likewise.
+VEXA_API void SetFindKey(CContainerInfor& infor, void* (*find)(void* map, const void* key)) noexcept;
 
 struct CContainerSlot : CSlot {
     constexpr explicit CContainerSlot(const CContainerRecord& record) noexcept

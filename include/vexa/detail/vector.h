@@ -24,6 +24,8 @@ VEXA_API void* NewVector();
 /// Adds a default element. An exception leaves the vector as it was.
 VEXA_API void* AppendToVector(void* vector, unsigned long size, ManageFunction manage);
 VEXA_API void ClearVector(void* vector, unsigned long size, ManageFunction manage) noexcept;
+/// Removes one element. What lies behind it takes its place.
+VEXA_API void RemoveFromVector(void* vector, unsigned long size, ManageFunction manage, void* element) noexcept;
 /// Also destroys the vector itself; does nothing for null.
 VEXA_API void DeleteVector(void* vector, unsigned long size, ManageFunction manage) noexcept;
 
