@@ -58,6 +58,16 @@ enum class ProblemCode : unsigned short {
     CANNOT_BE_WRITTEN = 43, ///< a value that the format has no form for
     CONVERTER_FAILED = 44,  ///< an application's converter has thrown; `Found` is what it says
 
+    // Of paths and values in memory (vexa/access.h).
+    BAD_PATH = 45,          ///< not a path by its grammar; `Path` is what is one
+    NULL_ON_THE_WAY = 46,   ///< a value that the path leads through is null
+    NO_ELEMENT = 47,        ///< the index is beyond the end
+    NO_ENTRY = 48,          ///< a map, group, table or tree has no such key, name or column
+    NO_ADDRESS = 49,        ///< there is such a value, but it has no address of its own: a bit
+    MANY_VALUES = 50,       ///< the path leads to many values where one is wanted
+    CANNOT_BE_CHANGED = 51, ///< the value is const or a key, lies behind a pointer to const, or is never read
+    CANNOT_BE_REMOVED = 52, ///< the container's elements stay as many as they are
+
     MORE_PROBLEMS = 99 ///< the last one of a full report: there were more
 };
 

@@ -63,6 +63,14 @@ constexpr CKind KINDS[] = {
     {ProblemCode::TOO_FEW_ELEMENTS, "TOO_FEW_ELEMENTS", "there are too few elements"},
     {ProblemCode::CANNOT_BE_WRITTEN, "CANNOT_BE_WRITTEN", "the value cannot be written"},
     {ProblemCode::CONVERTER_FAILED, "CONVERTER_FAILED", "the converter has failed"},
+    {ProblemCode::BAD_PATH, "BAD_PATH", "this is not a path"},
+    {ProblemCode::NULL_ON_THE_WAY, "NULL_ON_THE_WAY", "this is null"},
+    {ProblemCode::NO_ELEMENT, "NO_ELEMENT", "there is no such element"},
+    {ProblemCode::NO_ENTRY, "NO_ENTRY", "there is no such entry"},
+    {ProblemCode::NO_ADDRESS, "NO_ADDRESS", "this value has no address of its own"},
+    {ProblemCode::MANY_VALUES, "MANY_VALUES", "these are many values"},
+    {ProblemCode::CANNOT_BE_CHANGED, "CANNOT_BE_CHANGED", "this value cannot be changed"},
+    {ProblemCode::CANNOT_BE_REMOVED, "CANNOT_BE_REMOVED", "this element cannot be removed"},
     {ProblemCode::MORE_PROBLEMS, "MORE_PROBLEMS", "more problems"},
 };
 

@@ -11,7 +11,7 @@ if [[ $exported != *'vexa::'* ]]; then
 fi
 stray=$(grep -vE '^((vtable|typeinfo|typeinfo name) for )?vexa::(Enum::|helper::|detail::)?~?[A-Za-z_]|^___Coredump_due_to_assertion_failure___|^_(init|fini)$' \
     <<< "$exported" || true)
-private=$(grep -E '^((vtable|typeinfo|typeinfo name) for )?vexa::(core|typeinfo|reference|text|record|interchange)::' <<< "$exported" || true)
+private=$(grep -E '^((vtable|typeinfo|typeinfo name) for )?vexa::(core|typeinfo|reference|text|record|interchange|access)::' <<< "$exported" || true)
 if [[ -n $stray$private ]]; then
     printf 'exported by mistake:\n%s\n%s\n' "$stray" "$private"
     exit 1
