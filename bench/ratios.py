@@ -38,6 +38,8 @@ GOALS = [
      False, 1.3),
     ("Numeric", "CNumeric from the double 1234.5678, times std::to_chars with six decimals", "library", "hand", False,
      2.0),
+    ("BoundPath", "CBoundPath::Get of customer.address.zip, times a function of one's own", "library", "hand", False, 3.0),
+    ("BoundElement", "CBoundPath::Get of items[1].price, times a function of one's own", "library", "hand", False, 3.0),
 ]
 OWN = ("library", "standard")
 
