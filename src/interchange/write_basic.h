@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "interchange/enumeration.h"
 #include "interchange/write_time.h"
 #include "interchange/write_walk.h"
 

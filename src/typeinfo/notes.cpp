@@ -141,6 +141,37 @@ void SettleNotes(CFinishedClass& infor)
 
 } // namespace typeinfo
 
+namespace detail {
+
+const CEnumerationSlot* EnumerationOf(const CClassInfor& owner, const CAttribInfor& attrib) noexcept
+{
+    const typeinfo::CMemberNotes* const notes = typeinfo::NotesOf(owner, attrib);
+    return notes != nullptr ? notes->Enumeration : nullptr;
+}
+
+const CEnumerationSlot* EnumerationOf(const CContainerInfor& container) noexcept
+{
+    return typeinfo::EnumerationOfElements(container);
+}
+
+const CShape* ShapeOf(const CCustomBasicTypeInfor& infor) noexcept { return typeinfo::ShapeOf(infor); }
+
+std::string_view NameOfValue(const CEnumerationSlot& enumeration, long long value) noexcept
+{
+    unsigned long number = 0;
+    while (number < enumeration.Count && enumeration.Values[number] != value)
+        ++number;
+    if (number == enumeration.Count) return {};
+    std::string_view names = enumeration.Names;
+    for (; number != 0; --number)
+        names.remove_prefix(names.find(',') + 1);
+    names = names.substr(0, names.find(','));
+    names.remove_prefix(names.find_first_not_of(' '));
+    return names.substr(0, names.find_last_not_of(' ') + 1);
+}
+
+} // namespace detail
+
 const CClassMetadata& MetadataOf(const CClassInfor& infor)
 {
     alignas(CClassMetadata) static char s_room[sizeof(CClassMetadata)];

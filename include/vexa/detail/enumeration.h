@@ -1,7 +1,10 @@
 #ifndef VEXA_DETAIL_ENUMERATION_H
 #define VEXA_DETAIL_ENUMERATION_H
 
+#include <string_view>
+
 #include <vexa/detail/slot.h>
+#include <vexa/export.h>
 
 namespace vexa::detail {
 
@@ -19,6 +22,12 @@ struct CEnumerationSlot : CSlot {
     const long long* Values; ///< in the same order; those of an unsigned long long by their bits
     unsigned long Count;
 };
+
+/// The name of the first enumerator of a value; empty where there is none.
+VEXA_API std::string_view NameOfValue(const CEnumerationSlot& enumeration, long long value) noexcept;
+/// The names of the values of an attribute, or of a container's elements; null where they have none.
+VEXA_API const CEnumerationSlot* EnumerationOf(const CClassInfor& owner, const CAttribInfor& attrib) noexcept;
+VEXA_API const CEnumerationSlot* EnumerationOf(const CContainerInfor& container) noexcept;
 
 } // namespace vexa::detail
 

@@ -39,6 +39,9 @@ struct CShape {
     void (*Swap)(void* left, void* right) noexcept;
 };
 
+/// The shape of a custom type; null for one that only converts itself.
+VEXA_API const CShape* ShapeOf(const CCustomBasicTypeInfor& infor) noexcept;
+
 /// What the custom descriptor of a type with a shape is made from.
 struct CShapedType {
     CShape Shape;
