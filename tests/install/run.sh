@@ -38,9 +38,11 @@ case $way in
         LD_LIBRARY_PATH=$(pkg-config --variable=libdir ordana)
         export LD_LIBRARY_PATH
         expect_greeting "$work/pkg_config_consumer"
-        for format in yaml cbor; do
+        for format in yaml cbor sqlite; do
             if [[ ! -e $pc/ordana-$format.pc ]]; then continue; fi
-            read -ra flags <<< "$(pkg-config --cflags --libs "ordana-$format")"
+            packages=("ordana-$format")
+            if [[ $format == sqlite ]]; then packages+=(sqlite3); fi # which the program itself calls
+            read -ra flags <<< "$(pkg-config --cflags --libs "${packages[@]}")"
             "$compiler" -std=c++17 "$here/consumer/$format.cpp" -o "$work/pkg_config_${format}_consumer" "${flags[@]}"
             expect_greeting "$work/pkg_config_${format}_consumer"
         done ;;
@@ -50,19 +52,20 @@ case $way in
         rm -rf "$without"
         "$cmake" -S "$here/../.." -B "$without/build" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Release \
             -DORDANA_BUILD_TESTS=OFF -DORDANA_BUILD_EXAMPLES=OFF \
-            -DORDANA_YAML_LIBRARY=OFF -DORDANA_CBOR_LIBRARY=OFF > "$without.log"
+            -DORDANA_YAML_LIBRARY=OFF -DORDANA_CBOR_LIBRARY=OFF -DORDANA_SQLITE_LIBRARY=OFF > "$without.log"
         for notice in "ordana::yaml is left out: yaml was not found (on Debian and Ubuntu: apt-get install libyaml-dev)" \
-            "ordana::cbor is left out: cbor was not found (on Debian and Ubuntu: apt-get install libcbor-dev)"; do
+            "ordana::cbor is left out: cbor was not found (on Debian and Ubuntu: apt-get install libcbor-dev)" \
+            "ordana::sqlite is left out: sqlite3 was not found (on Debian and Ubuntu: apt-get install libsqlite3-dev)"; do
             if ! grep -qF "$notice" "$without.log"; then echo "no notice: $notice"; cat "$without.log"; exit 1; fi
         done
         cp -a "$build"/src/libordana.so* "$without/build/src/"
         "$cmake" --install "$without/build" --prefix "$without/prefix" > /dev/null
-        if find "$without/prefix" | grep -iE '(yaml|cbor)'; then echo "installed without its library"; exit 1; fi
+        if find "$without/prefix" | grep -iE '(yaml|cbor|sqlite)'; then echo "installed without its library"; exit 1; fi
         configure_consumer() {
             "$cmake" -S "$here/consumer" -B "$without/$1" -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Release \
                 -DCMAKE_PREFIX_PATH="$without/prefix" -DORDANA_CONSUMER_COMPONENTS="$2" 2>&1
         }
-        configure_consumer optional "OPTIONAL_COMPONENTS;yaml;cbor"
+        configure_consumer optional "OPTIONAL_COMPONENTS;yaml;cbor;sqlite"
         "$cmake" --build "$without/optional"
         expect_greeting "$without/optional/consumer"
         if compgen -G "$without/optional/*_consumer"; then echo "a consumer of what is not there"; exit 1; fi
