@@ -40,6 +40,10 @@ GOALS = [
      2.0),
     ("BoundPath", "CBoundPath::Get of customer.address.zip, times a function of one's own", "library", "hand", False, 3.0),
     ("BoundElement", "CBoundPath::Get of items[1].price, times a function of one's own", "library", "hand", False, 3.0),
+    ("SqlEqual", "SQL, equality on an indexed column of 1,000,000 live objects, times SQLite's own table", "library",
+     "sqlite", False, 3.0),
+    ("SqlAggregate", "SQL, aggregate over 1,000,000 live objects, times SQLite's own table", "library", "sqlite", False,
+     3.0),
 ]
 OWN = ("library", "standard")
 

@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "core/basic_types.h"
-#include "interchange/enumeration.h"
 #include "interchange/nearest.h"
 #include "interchange/path.h"
 #include "interchange/read_key.h"
@@ -125,7 +124,7 @@ std::string TextOfKey(const CForm& key, const char* entry)
         }
     });
     if (key.Enumeration != nullptr) {
-        const std::string_view name = interchange::NameOfValue(*key.Enumeration, number);
+        const std::string_view name = detail::NameOfValue(*key.Enumeration, number);
         if (!name.empty()) return std::string(name);
     }
     return text.empty() ? std::to_string(number) : text;

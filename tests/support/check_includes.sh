@@ -47,16 +47,17 @@ function visit(file,    i, next_file) {
 }
 
 BEGIN {
-    split("core typeinfo reference text record interchange", rooms, " ")
+    split("core typeinfo reference text record interchange access", rooms, " ")
     for (i in rooms) room_floor[rooms[i]] = i + 0
-    top = 7
+    top = 8
     floors(1, "export detail/module data_type helper value_state binary date_time numeric detail/basic_code")
     floors(2, "metadata class_metadata find_class type_infor custom_type_infor container_infor class_infor detail/slot detail/vector detail/cursor_memory detail/description detail/enumeration detail/shape")
     floors(3, "refrence class_refrence container_refrence group")
     floors(4, "text json")
     floors(5, "value table")
     floors(6, "report event format policy json_tree detail/interchange")
-    floors(top, "may_null types describe interchange vexa yaml cbor sqlite")
+    floors(7, "detail/access detail/bound_way detail/element_access")
+    floors(top, "access bound_path elements may_null types describe interchange vexa yaml cbor sqlite")
 }
 
 {
