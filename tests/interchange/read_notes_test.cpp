@@ -238,4 +238,17 @@ TEST(ReadNotes, TellsAnythingThatACheckThrows)
               Read(keeper, R"({"last":9})"));
 }
 
+/// Whichever of the keys it is.
+TEST(ReadNotes, ATagThatIsNoTextIsToldAsWhatItIs)
+{
+    std::unique_ptr<noted::Shape> shape;
+    EXPECT_EQ(0U, Read(shape, R"({"kind": 5})")
+                      .find("36 9+1 1:10 class=noted::Shape attrib=kind expected=one of \"circle\", \"square\" found=a "
+                            "number"));
+    EXPECT_EQ(0U, Read(shape, R"({"r": 1, "kind": [5]})")
+                      .find("36 17+1 1:18 class=noted::Shape attrib=kind expected=one of \"circle\", \"square\" "
+                            "found=an array"));
+    EXPECT_EQ(nullptr, shape);
+}
+
 } // namespace

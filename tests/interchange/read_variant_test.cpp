@@ -119,6 +119,25 @@ TEST(ReadVariant, TheProblemsAreThoseOfTheChosenOne)
               Read(sale, R"({"payment": {"method": 5, "number": "1"}})"));
 }
 
+template<class T>
+std::string ToldOf(T& value, const std::string& text)
+{
+    return test::ProblemsOf(value,
+                            [&](T& object, vexa::CReport& report) { return vexa::ReadJson(object, text, report); });
+}
+
+TEST(ReadVariant, TellsOfTagsWhatTheTextSays)
+{
+    std::variant<chosen::Card, std::string> one;
+    EXPECT_EQ(0U,
+              ToldOf(one, R"({"method": "crad"})")
+                  .find("36 11+6 1:12 class=chosen::Card attrib=method expected=\"card\" found=\"crad\" nearest=card"));
+    std::variant<chosen::Card, signed char, unsigned char> number;
+    const std::string told = ToldOf(number, "300");
+    EXPECT_EQ(0U, told.find("38 0+3 1:1")) << told;
+    EXPECT_EQ(std::string::npos, told.find("expected")) << "a number has no tag: " << told;
+}
+
 TEST(ReadVariant, TellsWhereNoneOrMoreFit)
 {
     Sale sale;
