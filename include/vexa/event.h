@@ -81,7 +81,7 @@ struct CFormatAbilities {
     bool TellsIntegersFromFloats = false; ///< else a floating value without fraction may come back as an integer
     bool HasIntegerKeys = false;          ///< else integer keys are text
     bool HasDecimals = true;              ///< numbers of any digits; else what no integer or double holds is text
-    bool HasTags = false;                 ///< those of ValueTag
+    bool HasTags = false;                 ///< those of ValueTag; only with HasBytes
     bool HasLines = true;                 ///< a place is told by line and column, else by its byte
 };
 
@@ -108,8 +108,8 @@ public:
     virtual void Locate(CTextPlace& place);
 };
 
-/// Takes an object as events, in order. A size that is UNKNOWN_SIZE is not known beforehand; a sink whose format needs
-/// it keeps what comes until the end.
+/// Takes an object as events, in order. A size that is UNKNOWN_SIZE is not known beforehand; a sink whose format has it
+/// in front puts it there at the end (see CSizes).
 class VEXA_API CEventSink {
 public:
     CEventSink() = default;
@@ -132,9 +132,8 @@ public:
     virtual void String(std::string_view text) = 0;
     virtual void Bytes(std::string_view bytes);   ///< only with the ability; by default a String of base64
     virtual void DateTime(const CDateTime& time); ///< only with the ability; by default a TimeText
-    virtual void
-    TimeText(std::string_view rfc3339); ///< an instant without the ability; by default a String, with its tag
-    virtual void Tag(ValueTag tag);     ///< of the value that comes next; only with the ability
+    virtual void TimeText(std::string_view text); ///< an instant by RFC 3339; by default a String, tagged with tags
+    virtual void Tag(ValueTag tag);               ///< of the value that comes next; only with the ability
     virtual void BeginObject(std::size_t size) = 0;
     virtual void Key(std::string_view name) = 0;
     virtual void IntegerKey(long long key); ///< only with the ability; by default a Key

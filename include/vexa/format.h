@@ -49,8 +49,10 @@ public:
         std::size_t Items = 0; ///< values, and of an object keys
     };
 
-    void AddItem() { ++m_levels.back().Items; } ///< a value, or a key; not a tag
-    VEXA_API void Begin(std::string& out);      ///< an array or object, which is an item itself
+    void AddItem() { ++m_levels.back().Items; } ///< a value that is neither array nor object, or a key; not a tag
+    /// An array or object, which is an item itself: a byte in \p out keeps the place of its head.
+    VEXA_API void Begin(std::string& out);
+    /// Of the innermost one, which there must be.
     VEXA_API CLevel End();
 
 private:

@@ -40,10 +40,10 @@ void CEventSink::Bytes(std::string_view bytes) { String(interchange::BytesAsText
 
 void CEventSink::DateTime(const CDateTime& time) { TimeText(interchange::DateTimeAsText(time)); }
 
-void CEventSink::TimeText(std::string_view rfc3339)
+void CEventSink::TimeText(std::string_view text)
 {
     if (Abilities().HasTags) Tag(ValueTag::TIME_TEXT);
-    String(rfc3339);
+    String(text);
 }
 
 void CEventSink::Tag(ValueTag) {}
