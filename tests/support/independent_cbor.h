@@ -51,19 +51,24 @@ inline double NumberOf(const Json::binary_t& bytes)
     return number;
 }
 
+/// An integer, which may be a bignum. The other parser makes positive ones of negative ones beyond 64 bits with sign.
+inline double IntegerOf(const Json& cbor, double expected)
+{
+    if (cbor.is_binary()) return std::copysign(NumberOf(cbor.get_binary()), expected);
+    const auto value = cbor.get<double>();
+    return expected < 0 && value > 0 ? value - 18446744073709551616.0 : value;
+}
+
 /// A number, a bignum or a decimal fraction, whose tags the other parser leaves out.
 inline bool IsNumberOf(const Json& cbor, const Json& json)
 {
     if (json.is_number_integer() && cbor.is_number_integer()) return cbor == json;
     const auto expected = json.get<double>();
     double value = std::nan("");
-    if (cbor.is_number()) value = cbor.get<double>();
-    if (cbor.is_binary()) value = std::copysign(NumberOf(cbor.get_binary()), expected);
-    if (cbor.is_array() && cbor.size() == 2) {
-        const Json& digits = cbor[1];
-        value = digits.is_binary() ? std::copysign(NumberOf(digits.get_binary()), expected) : digits.get<double>();
-        value *= std::pow(10.0, cbor[0].get<double>());
-    }
+    if (cbor.is_number_float()) value = cbor.get<double>();
+    if (cbor.is_number_integer() || cbor.is_binary()) value = IntegerOf(cbor, expected);
+    if (cbor.is_array() && cbor.size() == 2 && (cbor[1].is_number() || cbor[1].is_binary()))
+        value = IntegerOf(cbor[1], expected) * std::pow(10.0, cbor[0].get<double>());
     return value == expected || static_cast<float>(value) == static_cast<float>(expected) ||
            std::fabs(value - expected) <= std::fabs(expected) * 1e-12;
 }
