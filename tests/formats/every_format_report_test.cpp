@@ -274,6 +274,16 @@ TEST(EveryFormatReport, FollowsTheSamePolicies)
     EXPECT_EQ(ProblemsOf(R"({"limits": {"1": {"most": 1}}})", policy), "");
 }
 
+TEST(EveryFormatReport, BoundsTheElementsOfEach)
+{
+    CReadPolicy policy;
+    policy.MaxElements = 3;
+    EXPECT_EQ(ProblemsOf(R"({"names": ["a", "b", "c", "d"]})", policy).substr(0, 3), "10 ");
+    EXPECT_EQ(ProblemsOf(R"({"counts": {"a": 1, "b": 2, "c": 3, "d": 4}})", policy).substr(0, 3), "10 ");
+    EXPECT_EQ(ProblemsOf(R"({"names": ["a", "b"], "counts": {"a": 1, "b": 2}})", policy).substr(0, 3), "10 ");
+    EXPECT_EQ(ProblemsOf(R"({"names": ["a", "b"], "counts": {"a": 1}, "port": 2, "isOn": true})", policy), "");
+}
+
 /// The bytes of a format are its own: the code is the same, at the first byte too many or before.
 TEST(EveryFormatReport, BoundsTheBytesOfEach)
 {
