@@ -35,7 +35,9 @@ struct CRawJsonAccess;
 struct CTreeAccess;
 } // namespace detail
 
-/// One JSON value (RFC 8259) by its text, which is kept as it stands; `null` at first.
+/// One JSON value (RFC 8259) by its text, which is kept as it stands; `null` at first. Where JSON is written on one
+/// line (CWritePolicy::Indentation is 0), the line breaks in it and the blanks behind them are left out. Its levels
+/// count against the bound of depth, both ways.
 class VEXA_API CRawJson {
 public:
     CRawJson() = default;
@@ -119,6 +121,8 @@ public:
     CJsonTree(const CJsonTree& other);
     /// Leaves \p other null.
     CJsonTree(CJsonTree&& other) noexcept;
+    /// Given itself, by either of them, a tree stays as it is. \p other may lie inside this one; what is moved must not
+    /// hold this one.
     CJsonTree& operator=(const CJsonTree& other);
     CJsonTree& operator=(CJsonTree&& other) noexcept;
     ~CJsonTree();

@@ -42,13 +42,13 @@ struct CReadPolicy {
 /// What becomes of confidential attributes when they are written.
 enum class MaskedValues : unsigned char {
     WRITE,
-    MASK, ///< `"***"`
+    MASK, ///< `"***"`; keys that a confidential attribute keeps (KeepsUnknown) are left out
     LEAVE_OUT
 };
 
 /// How an object is written.
 struct CWritePolicy {
-    unsigned int Indentation = 0;  ///< blanks a level; 0 for one line without blanks
+    unsigned int Indentation = 0;  ///< blanks a level; 0 for one line, without blanks but for those in a CRawJson
     bool SortKeys = false;         ///< the keys of objects in the order of their bytes
     bool LeaveOutNulls = false;    ///< attributes that are null
     bool LeaveOutDefaults = false; ///< attributes as a new object has them

@@ -131,9 +131,12 @@ public:
     /// before.
     void Add(CProblem problem);
 
-    /// Every problem on a line: the name, line and column, the path and the sentence. With the text that was read, each
-    /// is followed by the line of the text and a mark under what is meant. What is confidential is never shown.
+    /// Every problem on a line: the name, line and column, the path and the sentence. What is confidential is never
+    /// shown, but for what a check or a converter of the application says of an attribute that is not.
     std::string AsString() const;
+    /// The same, each followed by the line of the text and a mark under what is meant. \p text must be the text that
+    /// was read, whole and unchanged: what may be shown of it is known by its places, so that of another text anything,
+    /// confidential values too, would be.
     std::string AsString(std::string_view text) const;
 
 private:

@@ -92,6 +92,10 @@ char* CJsonSink<STYLED>::Special(char* at, const char*& next, const char* end, b
         next += length;
         return Character(at, character, length);
     }
+    if (m_context.IsComplete()) {
+        *at = *next++;
+        return at + 1;
+    }
     isBad = true;
     char standIn[MAX_CHARACTER_LENGTH] = {};
     const char* const last = Encode(standIn, CharacterOfBadByte(*next++, m_context.Policy().Text));

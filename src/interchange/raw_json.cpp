@@ -71,6 +71,36 @@ CNumberChoice ChoiceOf(std::string_view digits)
     return choice;
 }
 
+std::string JoinedLines(std::string_view json)
+{
+    std::string joined;
+    std::size_t at = 0;
+    while (at < json.size()) {
+        const std::size_t end = std::min(json.find_first_of(LINE_BREAKS, at), json.size());
+        joined.append(json, at, end - at);
+        at = json.find_first_not_of(" \t\r\n", end);
+    }
+    return joined;
+}
+
+bool IsDeeperThan(std::string_view json, std::size_t levels) noexcept
+{
+    if (json.size() / 2 <= levels) return false; // each level has two brackets
+    std::size_t depth = 0;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        const char byte = json[i];
+        if (byte == '"') {
+            while (json[++i] != '"')
+                if (json[i] == '\\') ++i;
+        } else if (byte == '[' || byte == '{') {
+            if (++depth > levels) return true;
+        } else if (byte == ']' || byte == '}') {
+            --depth;
+        }
+    }
+    return false;
+}
+
 void CCompactJson::Put(std::string_view text)
 {
     if (!m_isFirst) m_out += ',';

@@ -164,6 +164,12 @@ private:
     bool m_hasLost = false;
 };
 
+inline constexpr const char* LINE_BREAKS = "\r\n";
+/// A JSON text without its line breaks and the blanks behind them.
+std::string JoinedLines(std::string_view json);
+/// Whether arrays and objects are nested in each other to more levels than that.
+bool IsDeeperThan(std::string_view json, std::size_t levels) noexcept;
+
 /// Reads the next value of the source, whatever it is, in place of what \p raw holds. \p text is the whole text that a
 /// JSON source reads, of which the bytes are taken as they stand. So are those of JSON that comes in pieces; where the
 /// source is no JSON or is read again, or the policy lets more in than JSON, the value is written anew, without blanks.

@@ -37,7 +37,8 @@ struct CWriteFrame : CPathStep {
 /// What one writing is told, and what comes of it beside the text.
 class CWriteContext {
 public:
-    /// \p isComplete: every attribute is written, also one that its class leaves out when it is as in a new object.
+    /// \p isComplete: every attribute is written, also one that its class leaves out when it is as in a new object, and
+    /// texts and raw JSON byte by byte, for a text that tells one value from every other.
     CWriteContext(const CWritePolicy& policy, CReport* report, bool isComplete = false) noexcept
         : m_policy(policy), m_report(report), m_isComplete(isComplete)
     {

@@ -24,10 +24,9 @@ bool CDefaults::IsDefault(const CClassForm& form, const CMember& member, const v
     CNewObject& made = Of(form);
     if (made.Object == nullptr) return false;
     std::optional<std::string>& text = made.Texts[member.Number];
-    if (!text) CompactText(text.emplace(), member, made.Object);
+    if (!text && !CompactText(text.emplace(), member, made.Object)) text->clear();
     std::string own;
-    CompactText(own, member, object);
-    return own == *text;
+    return CompactText(own, member, object) && own == *text;
 }
 
 } // namespace vexa::interchange

@@ -30,7 +30,7 @@ void WriteStyled(CWriteContext& context, const CTop& top, Room&&... room)
 
 } // namespace
 
-void CompactText(std::string& out, const CForm& form, const void* holder)
+bool CompactText(std::string& out, const CForm& form, const void* holder)
 {
     CWritePolicy policy;
     policy.AllowNan = true; // equal to itself here
@@ -38,6 +38,7 @@ void CompactText(std::string& out, const CForm& form, const void* holder)
     CJsonSink<false> sink(context, out);
     CWriteFrame outside;
     sink.End(CWritingWalk<CJsonSink<false>>(sink, context).Holder(sink.Begin(), form, holder, outside));
+    return !context.HasProblems();
 }
 
 } // namespace interchange

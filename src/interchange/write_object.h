@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "interchange/write_walk.h"
+#include "reference/custom_value.h"
 #include "reference/union_member.h"
 
 /// \file
@@ -131,7 +132,10 @@ template<class Sink>
 typename Sink::Cursor CWritingWalk<Sink>::Kept(Cursor at, const CEntry& entry, const CClassForm& form,
                                                CWriteFrame& frame, const std::string* tag)
 {
-    frame.To(StepKind::TEXT_KEY, entry.Key);
+    if (entry.Member->IsMasked)
+        frame.To(*entry.Member); // the way tells no key that is confidential
+    else
+        frame.To(StepKind::TEXT_KEY, entry.Key);
     if (form.Find(entry.Key) != nullptr || (tag != nullptr && *tag == entry.Key)) {
         m_context.Tell(ProblemCode::DUPLICATE_KEY, frame, {});
         return at;
@@ -164,8 +168,17 @@ bool CWritingWalk<Sink>::IsNull(const CForm& form, const char* holder)
     if (value == nullptr || form.Kind == FormKind::NULL_TYPE) return true;
     if (form.Kind == FormKind::VALUE) return reinterpret_cast<const CValue*>(value)->IsNull();
     if (form.Kind == FormKind::SHAPE) return IsNullShape(form, value);
+    if (form.Kind == FormKind::CUSTOM) return IsNullCustom(form, value);
     if (form.Code == Enum::DT_NUMERIC) return reinterpret_cast<const CNumeric*>(value)->State == Enum::VS_NULL;
     return form.Code == Enum::DT_DATETIME && reinterpret_cast<const CDateTime*>(value)->State == Enum::VS_NULL;
+}
+
+template<class Sink>
+bool CWritingWalk<Sink>::IsNullCustom(const CForm& form, const char* value)
+{
+    const CCustomBasicTypeInfor& infor = form.CustomInfor();
+    if (reference::HasOwnLayout(*form.Type) || infor.Underlying.DataType == Enum::DT_UNKNOWN) return false;
+    return IsNull(CForm(infor.Underlying, 0, nullptr), value + infor.ValueOffset);
 }
 
 template<class Sink>

@@ -2,6 +2,11 @@
 
 #include <vexa/detail/interchange.h>
 
+#include <algorithm>
+#include <functional>
+#include <utility>
+#include <vector>
+
 #include "interchange/json_sink.h"
 #include "interchange/sentence.h"
 
@@ -15,80 +20,106 @@ namespace {
 template<bool STYLED>
 class CProblemWriter {
 public:
-    CProblemWriter(CWriteContext& context, std::string& out) : m_context(context), m_sink(context, out) {}
+    CProblemWriter(CWriteContext& context, std::string& out) : m_policy(context.Policy()), m_sink(context, out) {}
 
     void Write(const std::vector<CProblem>& problems)
     {
-        m_at = m_sink.BeginArray(m_sink.Begin(), problems.size());
-        for (const CProblem& problem : problems) {
-            m_at = m_sink.Element(m_at);
-            Write(problem);
+        m_at = m_sink.Begin();
+        if (m_policy.MaxDepth == 0) {
+            m_at = m_sink.Null(m_at);
+        } else {
+            m_at = m_sink.BeginArray(m_at, problems.size());
+            for (const CProblem& problem : problems) {
+                m_at = m_sink.Element(m_at);
+                Write(problem, 2);
+            }
+            m_at = m_sink.EndArray(m_at);
         }
-        m_sink.End(m_sink.EndArray(m_at));
+        m_sink.End(m_at);
     }
 
 private:
-    void Write(const CProblem& problem)
+    /// A key, and what writes its value.
+    struct CField {
+        std::string_view Key;
+        std::function<void()> Write; ///< none for null
+    };
+
+    void Write(const CProblem& problem, std::size_t depth)
     {
-        m_at = m_sink.BeginObject(m_at, CEvent::UNKNOWN_SIZE);
-        Number("code", static_cast<unsigned short>(problem.Code));
-        Text("name", NameOf(problem.Code));
-        Text("message", problem.Sentence());
-        Place(problem.Place);
-        Key("path");
-        m_at = m_sink.Text(m_at, problem.Path, m_top);
-        Key("pointer");
-        m_at = m_sink.Text(m_at, problem.Pointer, m_top);
-        Text("class", problem.Class);
-        Text("attribute", problem.Attrib);
-        Text("expected", problem.Expected);
-        Text("found", problem.Found);
-        Text("nearest", problem.Nearest);
-        Text("excerpt", problem.Excerpt);
-        Second(problem.Second);
-        m_at = m_sink.EndObject(m_at);
+        std::vector<CField> fields{
+            {"code", Number(static_cast<unsigned short>(problem.Code))},
+            {"name", Text(NameOf(problem.Code))},
+            {"message", [this, &problem] { m_at = m_sink.Text(m_at, problem.Sentence(), m_top); }}};
+        AddPlace(fields, problem.Place);
+        AddWay(fields, "path", problem.Path);
+        AddWay(fields, "pointer", problem.Pointer);
+        fields.insert(fields.end(), {{"class", Text(problem.Class)},
+                                     {"attribute", Text(problem.Attrib)},
+                                     {"expected", Text(problem.Expected)},
+                                     {"found", Text(problem.Found)},
+                                     {"nearest", Text(problem.Nearest)},
+                                     {"excerpt", Text(problem.Excerpt)},
+                                     {"second", Second(problem.Second, depth + 1)}});
+        Object(std::move(fields), depth);
     }
-    void Second(const CTextPlace& place)
-    {
-        if (place.Offset == CTextPlace::NOWHERE) return Null("second");
-        Key("second");
-        m_at = m_sink.BeginObject(m_at, CEvent::UNKNOWN_SIZE);
-        Place(place);
-        m_at = m_sink.EndObject(m_at);
-    }
-    void Place(const CTextPlace& place)
+    void AddPlace(std::vector<CField>& fields, const CTextPlace& place)
     {
         const bool isKnown = place.Offset != CTextPlace::NOWHERE;
-        NumberIf(isKnown, "offset", place.Offset);
-        NumberIf(isKnown, "length", place.Length);
-        NumberIf(place.Line != 0, "line", place.Line);
-        NumberIf(place.Line != 0, "column", place.Column);
+        const bool hasLine = place.Line != 0;
+        fields.insert(fields.end(), {{"offset", isKnown ? Number(place.Offset) : nullptr},
+                                     {"length", isKnown ? Number(place.Length) : nullptr},
+                                     {"line", hasLine ? Number(place.Line) : nullptr},
+                                     {"column", hasLine ? Number(place.Column) : nullptr}});
+    }
+    /// The way to the outermost value is an empty text, as it is in a new problem.
+    void AddWay(std::vector<CField>& fields, std::string_view key, const std::string& way)
+    {
+        if (way.empty() && m_policy.LeaveOutDefaults) return;
+        fields.push_back({key, [this, &way] { m_at = m_sink.Text(m_at, way, m_top); }});
     }
 
-    void Key(std::string_view name) { m_at = m_sink.Key(m_at, name, m_top); }
-    void Null(std::string_view name)
+    std::function<void()> Number(std::size_t value)
     {
-        if (m_context.Policy().LeaveOutNulls) return;
-        Key(name);
-        m_at = m_sink.Null(m_at);
+        return [this, value] { m_at = m_sink.Integer(m_at, value); };
     }
-    void Number(std::string_view name, std::size_t value)
+    std::function<void()> Text(std::string_view text)
     {
-        Key(name);
-        m_at = m_sink.Integer(m_at, value);
+        if (text.empty()) return nullptr;
+        return [this, text] { m_at = m_sink.Text(m_at, text, m_top); };
     }
-    void NumberIf(bool isKnown, std::string_view name, std::size_t value)
+    std::function<void()> Second(const CTextPlace& place, std::size_t depth)
     {
-        isKnown ? Number(name, value) : Null(name);
+        if (place.Offset == CTextPlace::NOWHERE) return nullptr;
+        return [this, &place, depth] {
+            std::vector<CField> fields;
+            AddPlace(fields, place);
+            Object(std::move(fields), depth);
+        };
     }
-    void Text(std::string_view name, std::string_view text)
+    void Object(std::vector<CField> fields, std::size_t depth)
     {
-        if (text.empty()) return Null(name);
-        Key(name);
-        m_at = m_sink.Text(m_at, text, m_top);
+        if (depth > m_policy.MaxDepth) {
+            m_at = m_sink.Null(m_at);
+            return;
+        }
+        if (m_policy.SortKeys)
+            std::sort(fields.begin(), fields.end(),
+                      [](const CField& left, const CField& right) { return left.Key < right.Key; });
+        m_at = m_sink.BeginObject(m_at, CEvent::UNKNOWN_SIZE);
+        for (const CField& field : fields)
+            Put(field);
+        m_at = m_sink.EndObject(m_at);
+    }
+    /// What is null is as in a new problem.
+    void Put(const CField& field)
+    {
+        if (field.Write == nullptr && (m_policy.LeaveOutNulls || m_policy.LeaveOutDefaults)) return;
+        m_at = m_sink.Key(m_at, field.Key, m_top);
+        field.Write != nullptr ? field.Write() : static_cast<void>(m_at = m_sink.Null(m_at));
     }
 
-    CWriteContext& m_context;
+    const CWritePolicy& m_policy;
     CJsonSink<STYLED> m_sink;
     char* m_at = nullptr;
     const CPathStep m_top;

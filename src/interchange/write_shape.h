@@ -6,6 +6,7 @@
 #include <vexa/json_tree.h>
 
 #include "interchange/json_tree_io.h"
+#include "interchange/raw_json.h"
 #include "interchange/write_basic.h"
 
 /// \file
@@ -27,7 +28,7 @@ typename Sink::Cursor CWritingWalk<Sink>::Shape(Cursor at, const CForm& form, co
     case ShapeKind::TIME_POINT: return TimePoint(at, form, value, outer);
     case ShapeKind::DURATION: return Holder(at, PartOf(form, 0), value, outer);
     case ShapeKind::TEXT: return TextShape(at, form, value, outer);
-    case ShapeKind::RAW_JSON: return m_sink.Raw(at, reinterpret_cast<const CRawJson*>(value)->Text());
+    case ShapeKind::RAW_JSON: return RawJson(at, reinterpret_cast<const CRawJson*>(value)->Text(), outer);
     case ShapeKind::JSON_TREE: return Tree(at, *reinterpret_cast<const CJsonTree*>(value), outer);
     }
     return Unsupported(at, form, outer);
@@ -126,6 +127,21 @@ __attribute__((noinline)) typename Sink::Cursor CWritingWalk<Sink>::TextShape(Cu
 {
     std::string memory;
     return m_sink.Text(at, form.ShapeOperations<detail::CTextOperations>().Get(value, memory), outer);
+}
+
+/// As it stands, but for line breaks where everything else is on one line.
+template<class Sink>
+__attribute__((noinline)) typename Sink::Cursor CWritingWalk<Sink>::RawJson(Cursor at, const std::string& json,
+                                                                            CWriteFrame& outer)
+{
+    const CWritePolicy& policy = m_context.Policy();
+    if (IsDeeperThan(json, policy.MaxDepth - std::min(outer.Depth, policy.MaxDepth))) {
+        TellTooDeep(outer);
+        return m_sink.Null(at);
+    }
+    const bool isJoined =
+        policy.Indentation == 0 && !m_context.IsComplete() && json.find_first_of(LINE_BREAKS) != json.npos;
+    return isJoined ? m_sink.Raw(at, JoinedLines(json)) : m_sink.Raw(at, json);
 }
 
 /// A problem inside is told of the whole tree, once.

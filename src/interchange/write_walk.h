@@ -217,6 +217,7 @@ private:
     bool IsLeftOut(const CClassForm& form, const CMember& member, const char* object);
     bool IsNull(const CForm& form, const char* holder);
     bool IsNullShape(const CForm& form, const char* value);
+    bool IsNullCustom(const CForm& form, const char* value);
 
     // Containers.
 
@@ -263,6 +264,7 @@ private:
     Cursor Bits(Cursor at, const CForm& form, const char* value, CWriteFrame& outer);
     Cursor Atomic(Cursor at, const CForm& form, const char* value, CWriteFrame& outer);
     Cursor TimePoint(Cursor at, const CForm& form, const char* value, CWriteFrame& outer);
+    Cursor RawJson(Cursor at, const std::string& json, CWriteFrame& outer);
     Cursor Tree(Cursor at, const CJsonTree& tree, CWriteFrame& outer);
     Cursor TextShape(Cursor at, const CForm& form, const char* value, CWriteFrame& outer);
 
