@@ -126,6 +126,7 @@ struct CMember : CForm {
 struct CFlattened {
     const CClassInfor* Infor = nullptr;
     std::uint32_t Offset = 0;
+    bool IsMasked = false;
 };
 
 /// A class.
@@ -152,6 +153,8 @@ struct CClassForm {
         return std::all_of(Members.begin(), Members.end(), predicate) &&
                std::all_of(Keyless.begin(), Keyless.end(), predicate);
     }
+    /// Whether the keys that no attribute has are confidential.
+    bool KeepsMasked() const noexcept { return Keeper != NO_MEMBER && Members[Keeper].IsMasked; }
     /// The member of a key, or null.
     const CMember* Find(std::string_view key) const noexcept;
 };

@@ -55,8 +55,9 @@ private:
             const unsigned long place = offset + attrib.Offset;
             if (own != nullptr && own->IsFlattened && IsPlainClass(attrib.TypeInfor)) {
                 const auto& inner = *static_cast<const CClassInfor*>(attrib.TypeInfor.DetailInfor);
-                m_form.Flattened.push_back({&inner, static_cast<std::uint32_t>(place)});
-                AddMembers(inner, place, holders + attrib.Name + '.', isMasked || attrib.IsMasked != 0);
+                const bool isInnerMasked = isMasked || attrib.IsMasked != 0;
+                m_form.Flattened.push_back({&inner, static_cast<std::uint32_t>(place), isInnerMasked});
+                AddMembers(inner, place, holders + attrib.Name + '.', isInnerMasked);
                 continue;
             }
             const auto* const names = own != nullptr ? own->Enumeration : nullptr;

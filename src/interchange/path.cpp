@@ -33,6 +33,7 @@ void AppendToPath(std::string& path, const CPathStep& step)
         return;
     case StepKind::INDEX: path += '[' + std::to_string(step.Index) + ']'; return;
     case StepKind::TEXT_KEY:
+    case StepKind::ENTRY:
         path += '[';
         AppendQuoted(path, KeyOf(step));
         path += ']';

@@ -22,6 +22,7 @@ enum class StepKind : unsigned char {
     ALIAS, ///< a member under one of its aliases
     INDEX,
     TEXT_KEY, ///< of a map, by text
+    ENTRY,    ///< of a generic object or a group, by its name
     OTHER_KEY ///< of a map, by its number or the name of its value
 };
 

@@ -17,14 +17,14 @@ void CReader<Source>::CheckMember(const CMember& member, char* object, std::size
     CBoundProblem found = CheckBounds(m_context.Forms, member, object);
     if (found.Code == ProblemCode::NONE) return;
     const std::size_t end = found.IsContainer ? begin + 1 : m_source.EndOffset();
-    Tell(found.Code, begin, end, std::move(found.Expected), std::move(found.Found));
+    Tell(found.Code, begin, end, std::move(found.Expected), std::move(found.Found), Secrecy::PLAIN);
 }
 
 /// The checks of the class and of the flattened ones inside it, unless the object has a problem already.
 template<class Source>
 __attribute__((noinline)) void CReader<Source>::CheckObject(const CObjectFrame& frame)
 {
-    const auto check = [&](const CClassInfor& infor, const char* object) {
+    const auto check = [&](const CClassInfor& infor, const char* object, Secrecy secrecy) {
         const typeinfo::CClassNotes* const notes = typeinfo::NotesOf(infor);
         if (notes == nullptr || notes->Checks.empty() || m_context.Problems != frame.Before) return;
         std::string complaint;
@@ -39,11 +39,11 @@ __attribute__((noinline)) void CReader<Source>::CheckObject(const CObjectFrame& 
         problem.Code = ProblemCode::CHECK_FAILED;
         problem.Class = typeinfo::QualifiedNameOf(infor);
         problem.Found = std::move(complaint);
-        Tell(std::move(problem), frame.Brace, frame.Brace + 1);
+        Tell(std::move(problem), frame.Brace, frame.Brace + 1, secrecy);
     };
     for (const CFlattened& flattened : frame.Form.Flattened)
-        check(*flattened.Infor, frame.Object + flattened.Offset);
-    check(*frame.Form.Infor, frame.Object);
+        check(*flattened.Infor, frame.Object + flattened.Offset, flattened.IsMasked ? Secrecy::HIDDEN : Secrecy::PLAIN);
+    check(*frame.Form.Infor, frame.Object, Secrecy::PLAIN);
 }
 
 } // namespace vexa::interchange

@@ -1,6 +1,8 @@
 #ifndef VEXA_INTERCHANGE_READ_CLASS_H
 #define VEXA_INTERCHANGE_READ_CLASS_H
 
+#include <algorithm>
+
 #include "interchange/read_check.h"
 #include "interchange/read_plain.h"
 #include "interchange/read_polymorphic.h"
@@ -29,11 +31,7 @@ private:
 template<class Source>
 bool CReader<Source>::ReadClass(const CClassInfor& infor, char* object, std::string_view tag)
 {
-    if (__builtin_expect(m_source.Peek() != EventKind::BEGIN_OBJECT, 0)) {
-        // What stands for an object with confidential attributes may be one of them.
-        const bool isHidden = m_context.Forms.Of(infor).HasMasked;
-        return WrongKind("an object", isHidden ? Secrecy::HIDDEN : Secrecy::VALUE);
-    }
+    if (__builtin_expect(m_source.Peek() != EventKind::BEGIN_OBJECT, 0)) return WrongKind("an object");
     const std::size_t brace = m_source.Offset();
     if (!m_source.EnterObject()) return Broken();
     return ReadRest({&infor, object, false}, brace, tag);
@@ -103,11 +101,22 @@ bool CReader<Source>::ReadKeys(CObjectFrame& frame)
     return !m_source.HasFailed() || Broken();
 }
 
+/// Likewise of those that a member has.
+__attribute__((cold, noinline)) inline std::size_t ShortestKey(const CMember& member, BadText policy)
+{
+    std::size_t shortest = ShortestKey(member.Key, policy);
+    if (member.Notes == nullptr) return shortest;
+    for (const std::string& alias : member.Notes->Aliases)
+        shortest = std::min(shortest, ShortestKey(alias, policy));
+    return shortest;
+}
+
 template<class Source>
 inline bool CReader<Source>::ReadMember(CObjectFrame& frame, const CMember& member)
 {
     std::uint32_t& first = m_context.Firsts[frame.Base + member.Number];
-    if (__builtin_expect(first != 0 && !m_context.Policy.LastDuplicateWins, 0)) return TellDuplicate({}, first);
+    if (__builtin_expect(first != 0 && !m_context.Policy.LastDuplicateWins, 0))
+        return TellDuplicate({}, first, ShortestKey(member, m_context.Policy.Text));
     first = FirstOf(m_source.Offset());
     if (__builtin_expect(frame.Form.HasNotes || frame.Form.HasUnions, 0)) return ReadNotedMember(frame, member);
     const bool isPlain = member.Kind == FormKind::BASIC && member.How == Held::DIRECT && !member.IsConst;
@@ -131,12 +140,14 @@ bool CReader<Source>::ReadNotedMember(CObjectFrame& frame, const CMember& member
     return true;
 }
 
+/// \p shortest: see ShortestKey.
 template<class Source>
-__attribute__((cold, noinline)) bool CReader<Source>::TellDuplicate(CProblem problem, std::uint32_t first)
+__attribute__((cold, noinline)) bool CReader<Source>::TellDuplicate(CProblem problem, std::uint32_t first,
+                                                                    std::size_t shortest)
 {
     problem.Code = ProblemCode::DUPLICATE_KEY;
     problem.Second.Offset = first - 1;
-    problem.Second.Length = m_source.EndOffset() - m_source.Offset();
+    problem.Second.Length = std::min(m_source.EndOffset() - m_source.Offset(), shortest);
     Tell(std::move(problem), m_source.Offset(), m_source.EndOffset(), Secrecy::KEY);
     return m_source.Skip() || Broken();
 }
@@ -150,7 +161,7 @@ __attribute__((cold, noinline)) void CReader<Source>::Settle(CObjectFrame& frame
         const CMember& keeper = frame.Form.Members[frame.Form.Keeper];
         state.Kept.InsertInto(keeper.ContainerInfor(), frame.Object + keeper.ValueOffset);
     }
-    if (state.WrongTag) m_context.Add(std::move(*state.WrongTag), Secrecy::VALUE);
+    if (state.WrongTag) m_context.Add(std::move(*state.WrongTag), Secrecy::PLAIN);
 }
 
 /// Stands behind the key of a tag. \p first is where it has been met first.
@@ -163,7 +174,7 @@ bool CReader<Source>::TakeTag(CObjectFrame& frame, const CText& key, std::uint32
             problem.Class = typeinfo::QualifiedNameOf(*frame.Form.Infor);
             problem.Attrib = key.Text;
         }
-        return TellDuplicate(std::move(problem), first);
+        return TellDuplicate(std::move(problem), first, ShortestKey(key.Text, m_context.Policy.Text));
     }
     first = FirstOf(m_source.Offset());
     return &first == &frame.FirstOwnTag ? TakeOwnTag(frame) : m_source.Skip() || Broken();
@@ -184,14 +195,15 @@ __attribute__((noinline)) bool CReader<Source>::TakeUnknownKey(CObjectFrame& fra
                                                                                    : TellUnknownKey(frame, key);
 }
 
-/// The names of a confidential object's attributes are not shown.
+/// The names of a confidential object's attributes are not shown, nor the keys that a confidential attribute keeps.
 template<class Source>
 __attribute__((cold, noinline)) bool CReader<Source>::TellUnknownKey(CObjectFrame& frame, const CText& key)
 {
     CProblem problem;
     problem.Code = ProblemCode::UNKNOWN_KEY;
     problem.Class = typeinfo::QualifiedNameOf(*frame.Form.Infor);
-    if (!IsMasked(m_context.Path)) {
+    const bool isHidden = IsMasked(m_context.Path) || frame.Form.KeepsMasked();
+    if (!isHidden) {
         CNearestName nearest(key.Text);
         for (const CMember& member : frame.Form.Members) {
             if (member.Number != frame.Form.Keeper) nearest.Offer(member.Key);
@@ -202,7 +214,7 @@ __attribute__((cold, noinline)) bool CReader<Source>::TellUnknownKey(CObjectFram
         problem.Attrib = key.Text;
         problem.Nearest = nearest.Name();
     }
-    Tell(std::move(problem), m_source.Offset(), m_source.EndOffset(), Secrecy::KEY);
+    Tell(std::move(problem), m_source.Offset(), m_source.EndOffset(), isHidden ? Secrecy::HIDDEN : Secrecy::KEY);
     return m_source.Skip() || Broken();
 }
 
@@ -241,11 +253,11 @@ bool CReader<Source>::TakeOwnTag(CObjectFrame& frame)
     problem.Expected = OneOf({own});
     problem.Found = kind == EventKind::STRING ? ShownText(value.Text) : std::string(PhraseOf(kind));
     if (kind == EventKind::STRING) problem.Nearest = NearestName(value.Text, std::vector<std::string>{own});
-    problem.Place = {begin, m_source.EndOffset() - begin, 0, 0};
+    problem.Place = {begin, IsLong(kind) ? 1 : m_source.EndOffset() - begin, 0, 0};
     if (m_context.Policy.LastDuplicateWins)
         frame.SeldomState().WrongTag = std::move(problem);
     else
-        m_context.Add(std::move(problem), Secrecy::VALUE);
+        m_context.Add(std::move(problem), Secrecy::PLAIN);
     return true;
 }
 

@@ -24,7 +24,7 @@ bool CReader<Source>::SetAside(const CForm& form, char* container)
 template<class Source>
 bool CReader<Source>::ReadSequence(const CForm& form, char* container)
 {
-    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array", form);
+    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array");
     const CContainerInfor& infor = form.ContainerInfor();
     if (infor.Append == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
     const CContainerForm& parts = m_context.Forms.Of(infor);
@@ -107,7 +107,7 @@ inline bool IsPlainForm(const CForm& form) noexcept { return form.How == Held::D
 template<class Source>
 bool CReader<Source>::ReadInserted(const CForm& form, char* container)
 {
-    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array", form);
+    if (m_source.Peek() != EventKind::BEGIN_ARRAY) return WrongKind("an array");
     const CContainerInfor& infor = form.ContainerInfor();
     if (infor.Insert == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
     if (!m_source.EnterArray()) return Broken();
@@ -147,7 +147,7 @@ bool CReader<Source>::ReadOneInserted(const CForm& form, const CForm& element, c
     const unsigned long count = infor.Count(container);
     made.InsertInto(infor, container);
     if (form.Kind == FormKind::PAIR_MAP && infor.Count(container) == count)
-        Tell(ProblemCode::DUPLICATE_KEY, begin, begin + 1);
+        Tell(ProblemCode::DUPLICATE_KEY, begin, begin + 1, {}, {}, Secrecy::PLAIN);
     return true;
 }
 
@@ -199,7 +199,8 @@ bool CReader<Source>::ReadPlaces(std::size_t count, ReadPart readPart)
     std::size_t index = 0;
     if (!ReadEachPlace(count, index, readPart)) return false;
     const std::size_t end = m_source.EndOffset();
-    if (index < count) Tell(ProblemCode::TOO_FEW_ELEMENTS, end - 1, end, CountText(count), std::to_string(index));
+    if (index < count)
+        Tell(ProblemCode::TOO_FEW_ELEMENTS, end - 1, end, CountText(count), std::to_string(index), Secrecy::PLAIN);
     return true;
 }
 

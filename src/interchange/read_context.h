@@ -30,9 +30,10 @@ protected:
 
 /// What the place of a problem is, which decides whether it may be shown.
 enum class Secrecy : unsigned char {
-    VALUE, ///< a value, confidential or not by the way that leads to it
+    VALUE, ///< a value, confidential by the way that leads to it, or where it may stand for one that is
     KEY,   ///< a key
-    HIDDEN ///< the value of an unknown key where some are confidential, or what is broken
+    PLAIN, ///< what is no value of an attribute, as a tag or a bracket: confidential by the way alone
+    HIDDEN ///< what is broken
 };
 
 /// For each member of the objects that are open: where its key stands, plus 1; 0 where it has not been met.
@@ -77,6 +78,7 @@ public:
     CUndo* Undo = nullptr; ///< null while nothing need be undone: what is read into is new
     CFirsts Firsts;
     const CObjectFrame* Frame = nullptr; ///< the innermost object that is open
+    const CForm* Entry = nullptr;        ///< of the innermost StepKind::ENTRY in the path
     bool IsTrial = false;                ///< problems are only counted
     std::size_t Problems = 0;            ///< so many so far
     std::size_t ElementsLeft;            ///< so many may still be read
@@ -87,11 +89,14 @@ public:
 
 private:
     bool ReachesMasked();
+    bool MayHoldMasked();
     ExcerptForm FormOfExcerpt(Secrecy secrecy);
 
     const CForm& m_root;
     CReport& m_report;
-    int m_reachesMasked = -1; ///< not known yet
+    int m_reachesMasked = -1;             ///< not known yet
+    const CMember* m_askedLast = nullptr; ///< by MayHoldMasked
+    bool m_mayHoldMasked = false;         ///< what it has said
 };
 
 /// Adds a link to the path as long as it lives.
@@ -109,6 +114,22 @@ public:
 
 private:
     CReadContext& m_context;
+};
+
+/// Says what an entry of a generic object or a group is, as long as it lives.
+class CEntryScope {
+public:
+    CEntryScope(CReadContext& context, const CForm& form) noexcept
+        : m_context(context), m_outer(std::exchange(context.Entry, &form))
+    {
+    }
+    CEntryScope(const CEntryScope&) = delete;
+    CEntryScope& operator=(const CEntryScope&) = delete;
+    ~CEntryScope() { m_context.Entry = m_outer; }
+
+private:
+    CReadContext& m_context;
+    const CForm* m_outer;
 };
 
 /// Takes no notes for undoing as long as it lives: what is read into is new, and goes as a whole.

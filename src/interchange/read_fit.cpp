@@ -23,8 +23,6 @@ bool BasicTakes(unsigned char code, EventKind kind)
     }
 }
 
-bool IsScalar(EventKind kind) { return kind != EventKind::BEGIN_ARRAY && kind != EventKind::BEGIN_OBJECT; }
-
 bool OnePartTakes(CForms& forms, const CForm& form, EventKind kind)
 {
     const std::vector<CForm>& parts = forms.Of(form.CustomInfor()).Parts;
@@ -73,7 +71,7 @@ bool TakesKind(CForms& forms, const CForm& form, EventKind kind)
     case FormKind::CHAR_ARRAY:
     case FormKind::BITSET: return kind == EventKind::STRING;
     case FormKind::VALUE:
-    case FormKind::CUSTOM: return IsScalar(kind);
+    case FormKind::CUSTOM: return !IsLong(kind);
     case FormKind::SHAPE: return ShapeTakes(forms, form, kind);
     case FormKind::NULL_TYPE: return kind == EventKind::NULL_VALUE;
     default: return false;

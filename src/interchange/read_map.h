@@ -11,7 +11,7 @@ namespace vexa::interchange {
 template<class Source>
 bool CReader<Source>::ReadMap(const CForm& form, char* container)
 {
-    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object", form);
+    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
     const CContainerInfor& infor = form.ContainerInfor();
     if (infor.Insert == nullptr || !SetAside(form, container)) return Refuse(ProblemCode::CANNOT_BE_MADE);
     if (!m_source.EnterObject()) return Broken();
@@ -62,7 +62,8 @@ bool CReader<Source>::ReadMapEntry(const CForm& form, char* container, const CTe
     if (!isGood) return true;
     const unsigned long count = infor.Count(container);
     entry.InsertInto(infor, container);
-    if (infor.Count(container) == count) Tell(ProblemCode::DUPLICATE_KEY, place.Offset, place.Offset + place.Length);
+    if (infor.Count(container) == count)
+        Tell(ProblemCode::DUPLICATE_KEY, place.Offset, place.Offset + place.Length, {}, {}, Secrecy::KEY);
     return true;
 }
 
@@ -92,7 +93,7 @@ bool CReader<Source>::SetKey(const CForm& form, char* key, std::string_view text
             operations.Set(key, text);
             return true;
         }
-        Tell(ProblemCode::CANNOT_BE_MADE, place.Offset, end);
+        Tell(ProblemCode::CANNOT_BE_MADE, place.Offset, end, {}, {}, Secrecy::KEY);
         return false;
     }
     if (form.Code == Enum::DT_STD_STRING) {

@@ -47,6 +47,11 @@ std::string RangeOf()
                                              : "a number that a long double can hold";
 }
 
+/// Whether it is only the beginning of a value.
+inline bool IsLong(EventKind kind) noexcept
+{
+    return kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT;
+}
 inline bool IsNumber(EventKind kind) noexcept
 {
     return kind == EventKind::SIGNED || kind == EventKind::UNSIGNED || kind == EventKind::FLOATING;

@@ -21,10 +21,7 @@ bool CReader<Source>::IsPolymorphic(const CForm& form)
 template<class Source>
 bool CReader<Source>::ReadPolymorphic(const CClassInfor& base, CTaggedTarget& target)
 {
-    if (m_source.Peek() != EventKind::BEGIN_OBJECT) {
-        const CGnlTypeInfor type(Enum::DT_CLASS, 0, &base);
-        return WrongKind("an object", CForm(type, 0, nullptr));
-    }
+    if (m_source.Peek() != EventKind::BEGIN_OBJECT) return WrongKind("an object");
     if constexpr (std::is_same_v<Source, CEventReader>) {
         if (m_source.Replay() != nullptr) return ReadPolymorphicAgain(base, target);
     }
@@ -77,8 +74,9 @@ template<class Source>
 bool CReader<Source>::ReadTagged(const CClassInfor& base, CTaggedTarget& target, std::size_t brace)
 {
     const std::uint32_t first = FirstOf(m_source.Offset());
-    std::string value;
     const EventKind kind = m_source.Peek();
+    CTextPlace place{m_source.Offset(), 1, 0, 0};
+    std::string value;
     if (kind == EventKind::STRING) {
         CText text;
         if (!m_source.String(text)) return Broken();
@@ -86,8 +84,7 @@ bool CReader<Source>::ReadTagged(const CClassInfor& base, CTaggedTarget& target,
     } else if (!m_source.Skip()) {
         return Broken();
     }
-    const std::size_t begin = m_source.Offset();
-    const CTextPlace place{begin, m_source.EndOffset() - begin, 0, 0};
+    if (!IsLong(kind)) place.Length = m_source.EndOffset() - place.Offset;
     CWholeObject whole;
     if (!FindByTag(base, target, kind, value, place, whole)) return SkipRest();
     const std::string& tag = typeinfo::NotesOf(base)->Tag;
@@ -126,7 +123,7 @@ bool CReader<Source>::FindByTag(const CClassInfor& base, CTaggedTarget& target, 
     const CGnlTypeInfor type(Enum::DT_CLASS, 0, derived.Infor);
     CMadeObject made(type);
     if (made.Get() == nullptr) {
-        Tell(ProblemCode::CANNOT_BE_MADE, place.Offset, place.Offset + place.Length);
+        Tell(ProblemCode::CANNOT_BE_MADE, place.Offset, place.Offset + place.Length, {}, {}, Secrecy::PLAIN);
         return false;
     }
     whole.Object = made.Get();
@@ -152,7 +149,7 @@ bool CReader<Source>::FindWithoutTag(const CClassInfor& base, CTaggedTarget& tar
         problem.Class = typeinfo::QualifiedNameOf(base);
         problem.Attrib = typeinfo::NotesOf(base)->Tag;
         problem.Expected = OneOf(typeinfo::TagValuesOf(base));
-        Tell(std::move(problem), m_source.Offset(), m_source.Offset() + 1);
+        Tell(std::move(problem), m_source.Offset(), m_source.Offset() + 1, Secrecy::PLAIN);
         return false;
     }
     whole = {&base, made.Get(), true};
@@ -172,7 +169,7 @@ __attribute__((cold, noinline)) void CReader<Source>::TellUnknownTag(const CClas
     problem.Expected = OneOf(known);
     problem.Found = kind == EventKind::STRING ? ShownText(value) : std::string(PhraseOf(kind));
     if (kind == EventKind::STRING) problem.Nearest = NearestName(value, known);
-    Tell(std::move(problem), place.Offset, place.Offset + place.Length);
+    Tell(std::move(problem), place.Offset, place.Offset + place.Length, Secrecy::PLAIN);
 }
 
 } // namespace vexa::interchange

@@ -1,6 +1,9 @@
 #ifndef VEXA_INTERCHANGE_READ_PROBLEM_H
 #define VEXA_INTERCHANGE_READ_PROBLEM_H
 
+#include <algorithm>
+#include <string_view>
+
 #include "interchange/read_phrase.h"
 #include "interchange/reader.h"
 
@@ -8,6 +11,15 @@
 /// The reader's problems. Whatever tells one lies apart from the walk.
 
 namespace vexa::interchange {
+
+/// The fewest bytes that a text can have for a key, quotes included: as many as a place may have that is known by its
+/// beginning only, so that nothing behind the key is shown.
+inline std::size_t ShortestKey(std::string_view key, BadText policy)
+{
+    // A byte that is no UTF-8 may have been mended.
+    const auto counts = [policy](char byte) { return policy == BadText::PROBLEM || (byte & 0xC0) != 0x80; };
+    return static_cast<std::size_t>(std::count_if(key.begin(), key.end(), counts)) + 2;
+}
 
 /// The source has failed: tells why, once. \return false
 template<class Source>
@@ -31,37 +43,28 @@ __attribute__((cold, noinline)) void CReader<Source>::Tell(CProblem problem, std
 
 template<class Source>
 __attribute__((cold, noinline)) void CReader<Source>::Tell(ProblemCode code, std::size_t begin, std::size_t end,
-                                                           std::string expected, std::string found)
+                                                           std::string expected, std::string found, Secrecy secrecy)
 {
     CProblem problem;
     problem.Code = code;
     problem.Expected = std::move(expected);
     problem.Found = std::move(found);
-    Tell(std::move(problem), begin, end);
+    Tell(std::move(problem), begin, end, secrecy);
 }
 
 /// Passes over the next value, which is not what is expected.
 template<class Source>
-__attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expected, Secrecy secrecy)
+__attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expected)
 {
     const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     if (m_source.HasFailed() || !m_source.Skip()) return Broken();
-    const bool isLong = kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT;
     CProblem problem;
     problem.Code = kind == EventKind::NULL_VALUE ? ProblemCode::NULL_NOT_ALLOWED : ProblemCode::WRONG_KIND;
     problem.Expected = std::move(expected);
     problem.Found = PhraseOf(kind);
-    Tell(std::move(problem), begin, isLong ? begin + 1 : m_source.EndOffset(), secrecy);
+    Tell(std::move(problem), begin, IsLong(kind) ? begin + 1 : m_source.EndOffset());
     return true;
-}
-
-/// The same. What stands for objects with confidential attributes may be one of them.
-template<class Source>
-__attribute__((cold, noinline)) bool CReader<Source>::WrongKind(std::string expected, const CForm& form)
-{
-    const bool isHidden = m_context.Forms.ReachesMasked(form);
-    return WrongKind(std::move(expected), isHidden ? Secrecy::HIDDEN : Secrecy::VALUE);
 }
 
 /// Passes over the next value, which cannot be taken whatever it is.
@@ -71,8 +74,7 @@ __attribute__((cold, noinline)) bool CReader<Source>::Refuse(ProblemCode code, s
     const EventKind kind = m_source.Peek();
     const std::size_t begin = m_source.Offset();
     if (m_source.HasFailed() || !m_source.Skip()) return Broken();
-    const bool isLong = kind == EventKind::BEGIN_ARRAY || kind == EventKind::BEGIN_OBJECT;
-    Tell(code, begin, isLong ? begin + 1 : m_source.EndOffset(), std::move(expected), std::move(found));
+    Tell(code, begin, IsLong(kind) ? begin + 1 : m_source.EndOffset(), std::move(expected), std::move(found));
     return true;
 }
 

@@ -157,7 +157,7 @@ bool CReader<Source>::ReadTableRow(CTable& table)
         if (!CountOne()) return false;
         given.resize(std::max<std::size_t>(given.size(), number + 1));
         if (given[number] && !m_context.Policy.LastDuplicateWins) {
-            Tell(ProblemCode::DUPLICATE_KEY, m_source.Offset(), m_source.EndOffset());
+            Tell(ProblemCode::DUPLICATE_KEY, m_source.Offset(), m_source.EndOffset(), {}, {}, Secrecy::KEY);
             if (!m_source.Skip()) return Broken();
             continue;
         }
@@ -190,14 +190,15 @@ bool CReader<Source>::ReadEntries(Entries& entries)
             if (!TellNoEntry(entries, key)) return false;
             continue;
         }
-        path.Step.To(StepKind::TEXT_KEY, found->first);
+        path.Step.To(StepKind::ENTRY, found->first);
         std::uint32_t& first = firsts[&found->second];
         if (first != 0 && !m_context.Policy.LastDuplicateWins) {
-            if (!TellDuplicate({}, first)) return false;
+            if (!TellDuplicate({}, first, ShortestKey(found->first, m_context.Policy.Text))) return false;
             continue;
         }
         first = FirstOf(m_source.Offset());
         const CForm form(found->second.TypeInfor, 0, nullptr);
+        const CEntryScope scope(m_context, form);
         auto* const object = static_cast<char*>(found->second.Address);
         if (!(object != nullptr ? ReadValue(form, object) : Refuse(ProblemCode::CANNOT_BE_MADE))) return false;
     }

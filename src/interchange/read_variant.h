@@ -1,6 +1,8 @@
 #ifndef VEXA_INTERCHANGE_READ_VARIANT_H
 #define VEXA_INTERCHANGE_READ_VARIANT_H
 
+#include <algorithm>
+
 #include "interchange/read_container.h"
 #include "interchange/read_fit.h"
 #include "interchange/read_shape.h"
@@ -138,6 +140,13 @@ bool CReader<Source>::Fits(const CForm& part, const CHeldValue& held)
     return !trial.HasProblems();
 }
 
+/// Whether what a key gives can be nothing confidential: every alternative has it as its tag, or has no such attribute.
+inline bool IsTagOfAll(CForms& forms, const CShapeForm& shape, std::string_view tag)
+{
+    return std::all_of(shape.Parts.begin(), shape.Parts.end(),
+                       [&](const CForm& part) { return TagOf(part) == tag || !forms.ReachesMasked(part); });
+}
+
 template<class Source>
 __attribute__((cold, noinline)) void CReader<Source>::TellNoAlternative(const CShapeForm& shape, const CHeldValue& held,
                                                                         bool isDoubtful, std::size_t begin)
@@ -149,6 +158,7 @@ __attribute__((cold, noinline)) void CReader<Source>::TellNoAlternative(const CS
     bool isText = false;
     std::size_t place = begin;
     std::size_t end = begin + std::max<std::size_t>(held.Begin().Length, 1);
+    bool isTag = false;
     for (const CForm& part : shape.Parts) {
         const std::string_view tag = TagOf(part);
         if (tag.empty() || held.Begin().Kind != EventKind::BEGIN_OBJECT) continue;
@@ -158,6 +168,7 @@ __attribute__((cold, noinline)) void CReader<Source>::TellNoAlternative(const CS
         const CEvent& event = held.Record->At(value);
         problem.Code = ProblemCode::UNKNOWN_TAG;
         problem.Attrib = tag;
+        isTag = IsTagOfAll(m_context.Forms, shape, tag);
         isText = event.Kind == EventKind::STRING;
         said = event.Text;
         problem.Found = isText ? ShownText(said) : std::string(PhraseOf(event.Kind));
@@ -166,7 +177,7 @@ __attribute__((cold, noinline)) void CReader<Source>::TellNoAlternative(const CS
     }
     if (isText) problem.Nearest = NearestName(said, tags);
     problem.Expected = isDoubtful ? std::string() : OneOf(tags);
-    Tell(std::move(problem), place, end);
+    Tell(std::move(problem), place, end, isTag ? Secrecy::PLAIN : Secrecy::VALUE);
 }
 
 } // namespace vexa::interchange

@@ -161,9 +161,9 @@ private:
     // read_problem.h
     bool Broken();
     void Tell(CProblem problem, std::size_t begin, std::size_t end, Secrecy secrecy = Secrecy::VALUE);
-    void Tell(ProblemCode code, std::size_t begin, std::size_t end, std::string expected = {}, std::string found = {});
-    bool WrongKind(std::string expected, Secrecy secrecy = Secrecy::VALUE);
-    bool WrongKind(std::string expected, const CForm& form);
+    void Tell(ProblemCode code, std::size_t begin, std::size_t end, std::string expected = {}, std::string found = {},
+              Secrecy secrecy = Secrecy::VALUE);
+    bool WrongKind(std::string expected);
     bool Refuse(ProblemCode code, std::string expected = {}, std::string found = {});
     bool RefuseOpen() { return Refuse(ProblemCode::CANNOT_BE_MADE, "an object that is not being read already"); }
     bool CountOne();
@@ -229,7 +229,7 @@ private:
     bool KeepUnknown(CObjectFrame& frame, const CText& key);
     bool TakeTag(CObjectFrame& frame, const CText& key, std::uint32_t& first);
     bool TakeOwnTag(CObjectFrame& frame);
-    bool TellDuplicate(CProblem problem, std::uint32_t first);
+    bool TellDuplicate(CProblem problem, std::uint32_t first, std::size_t shortest);
     void TellMissing(const CObjectFrame& frame);
     void CheckMember(const CMember& member, char* object, std::size_t begin);
     void CheckObject(const CObjectFrame& frame);

@@ -8,6 +8,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
+#include <utility>
+#include <variant>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -107,6 +110,99 @@ TEST(ConfidentialInside, whatStandsForConfidentialObjectsIsNotShown)
         Shown<Wallet>(R"({"card":"hush","cards":"hush","outers":"hush","numbers":"x"})"));
     EXPECT_EQ("cards[0] found= excerpt=\nouters[\"a\"] found= excerpt=\n",
               Shown<Wallet>(R"({"cards":[1234],"outers":{"a":"hush"}})"));
+}
+
+enum class Level { low, high };
+VEXA_DESCRIBE_ENUM(Level, low, high)
+
+struct Pin {
+    std::string code;
+    friend bool operator<(const Pin& left, const Pin& right) { return left.code < right.code; }
+};
+VEXA_DESCRIBE_CLASS(Pin)
+{
+    about.Attrib("code", &Pin::code).Masked().Alias("the_long_name_of_it");
+    about.Check([](const Pin& pin) { return pin.code.empty() ? pin.code : "not " + pin.code; });
+}
+struct Places {
+    Pin fixed[2];
+    std::pair<int, Pin> pair;
+    std::tuple<double, Pin> tuple;
+    std::map<Pin, int> byPin;
+    std::variant<int, bool, Pin> any;
+    std::variant<std::monostate, Pin, Card> tagged;
+};
+VEXA_DESCRIBE(Places, fixed, pair, tuple, byPin, any, tagged)
+struct Hidden {
+    Pin pin;
+    Level level = Level::low;
+};
+VEXA_DESCRIBE_CLASS(Hidden)
+{
+    about.Attrib("pin", &Hidden::pin).Masked().Flatten();
+    about.Attrib("level", &Hidden::level).Masked();
+}
+
+TEST(ConfidentialInside, whatStandsInAPlaceForConfidentialObjectsIsNotShown)
+{
+    EXPECT_EQ("fixed found= excerpt=\npair found= excerpt=\ntuple found= excerpt=\n"
+              "byPin found= excerpt=\nany found= excerpt=\ntagged found= excerpt=\n",
+              Shown<Places>(R"({"fixed":"hush","pair":"hush","tuple":"hush","byPin":"hush","any":"hush",)"
+                            R"("tagged":"hush"})"));
+    EXPECT_EQ("fixed[1] found= excerpt=\nfixed[2] found= excerpt=\npair[1] found= excerpt=\n"
+              "tuple[0] found= excerpt=\nbyPin[0] found= excerpt=\nbyPin[1][0] found= excerpt=\n"
+              "tagged found= excerpt=\n",
+              Shown<Places>(R"({"fixed":[{},1234,"hush"],"pair":[1,"hush"],"tuple":["hush",{}],)"
+                            R"("byPin":["hush",["hush",1]],"tagged":{"kind":"hush","code":"hush"}})"));
+}
+
+TEST(ConfidentialInside, whatIsKnownOfAConfidentialValueIsNotShownEither)
+{
+    Hidden hidden;
+    vexa::CReport report;
+    const std::string text = R"({"level":"hihg","code":"hush"})";
+    EXPECT_FALSE(vexa::ReadJson(hidden, text, report));
+    EXPECT_EQ("1:10: level: the name is not known: expected one of \"low\", \"high\"\n", report.AsString(text));
+    EXPECT_TRUE(vexa::ReadJson(hidden, R"({"level":"high"})", report));
+    EXPECT_FALSE(vexa::ReadJson(hidden, R"({"code":"hush"})", report));
+    EXPECT_EQ("1:1: the check of confidential_inside::Pin has failed\n", report.AsString());
+}
+
+TEST(ConfidentialInside, noMoreThanAKeyIsShownWhereItWasGivenFirst)
+{
+    Pin pin;
+    vexa::CReport report;
+    const std::string text = R"({"code":"hush","the_long_name_of_it":"hush"})";
+    EXPECT_FALSE(vexa::ReadJson(pin, text, report));
+    EXPECT_EQ("1:16: code: the key \"code\" is given twice\n"
+              "     1 |                \"the_long_name_of_it\"\n"
+              "       |                ^~~~~~~~~~~~~~~~~~~~~\n"
+              "1:2: first given here\n"
+              "     1 |  \"code\"\n"
+              "       |  ^~~~~~\n",
+              report.AsString(text));
+}
+
+TEST(ConfidentialInside, aTagIsShownButNotWhatElseStandsThere)
+{
+    EXPECT_EQ("card found=\"crad\" excerpt=\"crad\"\ncards[0] found=\"\" excerpt={\n",
+              Shown<Wallet>(R"({"card":{"kind":"crad"},"cards":[{"kind":{"pin":"hush"}}]})"));
+}
+
+TEST(ConfidentialInside, keysThatAConfidentialAttributeKeepsAreNotShown)
+{
+    Keeper keeper;
+    vexa::CReport report;
+    vexa::CReadPolicy policy;
+    policy.Unknown = vexa::UnknownKeys::PROBLEM;
+    const std::string text = R"({"hush":1})";
+    EXPECT_FALSE(vexa::ReadJson(keeper, text, report, policy));
+    EXPECT_EQ("1:2: there is no such attribute\n", report.AsString(text));
+
+    ASSERT_TRUE(keeper.kept["plain"].Set("1"));
+    vexa::CReport writing;
+    EXPECT_EQ(R"({"plain":1})", vexa::WriteJson(keeper, {}, &writing));
+    EXPECT_EQ("kept: the key \"kept\" is given twice\n", writing.AsString());
 }
 
 struct Nulls {

@@ -16,13 +16,14 @@ using vexa_test::RandomStandardJson;
 std::size_t Count()
 {
     const char* const wished = std::getenv("ORDANA_RANDOM_TEXTS");
-    return wished != nullptr ? std::strtoull(wished, nullptr, 10) : 10000;
+    return wished != nullptr ? std::strtoull(wished, nullptr, 10) : 2000;
 }
 
 vexa::CReadPolicy RandomPolicy(Random& random)
 {
     vexa::CReadPolicy policy;
-    policy.Unknown = random.OneOf({vexa::UnknownKeys::BY_CLASS, vexa::UnknownKeys::PROBLEM});
+    policy.Unknown = random.OneOf({vexa::UnknownKeys::BY_CLASS, vexa::UnknownKeys::PROBLEM, vexa::UnknownKeys::KEEP});
+    policy.LastDuplicateWins = random.OneIn(4);
     policy.Transactional = random.OneIn(2);
     policy.MaxTextLength = random.OneIn(4) ? 10 : vexa::CReadPolicy::NO_LIMIT;
     policy.MaxElements = random.OneIn(4) ? 1 : vexa::CReadPolicy::NO_LIMIT;
