@@ -99,10 +99,10 @@
 #define VEXA_DESCRIBE_NESTED_ENUM(Type, ...) friend VEXA_DETAIL_DESCRIBE_ENUM(Type, __VA_ARGS__)
 
 #define VEXA_DETAIL_DESCRIBE_ENUM(Type, ...)                                                                           \
-    constexpr auto VexaDescribeEnum(::vexa::detail::CEnumerationTag<Type>)                                             \
+    constexpr ::vexa::detail::CEnumerationNames<::vexa::detail::CountOfNames(#__VA_ARGS__)> VexaDescribeEnum(          \
+        ::vexa::detail::CEnumerationTag<Type>)                                                                         \
     {                                                                                                                  \
-        return ::vexa::detail::NamesOfValues(#Type, #__VA_ARGS__,                                                      \
-                                             {VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_ENUMERATOR, Type, __VA_ARGS__)});       \
+        return {#Type, #__VA_ARGS__, {VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_ENUMERATOR, Type, __VA_ARGS__)}};               \
     }
 #define VEXA_DETAIL_ENUMERATOR(Type, name) ::vexa::detail::NumberOf(Type::name),
 

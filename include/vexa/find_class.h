@@ -13,6 +13,7 @@
 /// namespaces and the classes around it, for example `shop::Circle` or `shop::Box<std::string>`. GCC and Clang give the
 /// same, with these exceptions: GCC also names inline namespaces of the application's, values of an enumeration or
 /// pointers among template arguments differ, and GCC leaves out values that an application's template has by default.
+/// What must be the same for both, as what a tag says, is told by CDescription::TagValue.
 /// An unnamed namespace is `(anonymous namespace)`. A class that is registered by hand has only the name that it is
 /// registered with.
 ///

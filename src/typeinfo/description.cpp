@@ -210,10 +210,15 @@ void Inherit(CClassInfor& derived, unsigned long offset, const CClassInfor& base
 void CDescriptionBase::AddBase(CClassSlot& base, unsigned long offset, const CPolymorphic& derived)
 {
     if (m_survey != nullptr) return AddToSurvey(*m_survey, {Enum::DT_CLASS, 0, 0, 0, 0, &base}, true);
-    Inherit(*m_class, offset, DescriptorOf<CClassInfor>(base));
+    const auto& inherited = DescriptorOf<CClassInfor>(base);
+    Inherit(*m_class, offset, inherited);
     typeinfo::CClassNotes* const notes = static_cast<typeinfo::CFinishedClass*>(m_class)->Notes;
     if (notes == nullptr || notes->Ancestors.empty()) return;
-    // A base that is not polymorphic tells nothing of the class.
+    if (derived.HasPlainBase) { // which tells nothing of the class
+        const typeinfo::CClassNotes* const ofBase = typeinfo::NotesOf(inherited);
+        if (ofBase != nullptr && !ofBase->Tag.empty()) notes->HasTagOfPlainBase = true;
+        return;
+    }
     if (derived.Type != nullptr) notes->Type = derived.Type;
     if (derived.IsAbstract) notes->IsAbstract = true;
 }

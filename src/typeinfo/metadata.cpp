@@ -161,7 +161,10 @@ void CDescriptionBase::KeyStyle(vexa::KeyStyle style)
 
 void CDescriptionBase::UnknownKeys(vexa::UnknownKeys rule)
 {
-    if (m_class != nullptr) typeinfo::NotesToFill(*m_class)->Unknown = rule;
+    if (m_class == nullptr) return;
+    typeinfo::CClassNotes& notes = *typeinfo::NotesToFill(*m_class);
+    notes.Unknown = rule;
+    notes.IsUnknownOwn = rule != vexa::UnknownKeys::BY_CLASS;
 }
 
 void CDescriptionBase::TagValue(const char* value)

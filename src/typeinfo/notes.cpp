@@ -5,6 +5,8 @@
 #include <new>
 #include <unordered_set>
 
+#include <vexa/helper.h>
+
 #include "typeinfo/derived_classes.h"
 #include "typeinfo/key_style.h"
 
@@ -124,6 +126,28 @@ void StyleKeys(CClassNotes& notes, const CClassInfor& infor)
     }
 }
 
+/// What the class says itself goes before what a base says, and the place for unknown keys says that they are kept.
+void SettleUnknown(CClassNotes& notes)
+{
+    const bool hasOwnKeeper = std::any_of(notes.Members.begin(), notes.Members.end(), [](const auto& member) {
+        return member.second.KeepsUnknown && member.first->IsInherited == 0;
+    });
+    if (hasOwnKeeper && !notes.IsUnknownOwn) notes.Unknown = UnknownKeys::KEEP;
+    notes.IsUnknownSaid = notes.Unknown != UnknownKeys::BY_CLASS;
+    if (!notes.IsUnknownSaid) notes.Unknown = UnknownKeys::PROBLEM;
+}
+
+/// Behind a pointer such an object would be written, and deleted, as what it is not.
+void WarnOfTagOfPlainBase(const CClassNotes& notes, const CClassInfor& infor)
+{
+    if (!notes.HasTagOfPlainBase || notes.DynamicType != nullptr) return;
+    helper::LogError(
+        "The class %s has the tag %s of a base that is not polymorphic, as the class is: it tells the class "
+        "in a std::variant, but not behind a pointer; give the base a virtual destructor, or the class a "
+        "tag of its own",
+        infor.Name.c_str(), notes.Tag.c_str());
+}
+
 } // namespace
 
 void SettleNotes(CFinishedClass& infor)
@@ -132,10 +156,8 @@ void SettleNotes(CFinishedClass& infor)
     CClassNotes& notes = *infor.Notes;
     ForgetRemoved(notes, infor);
     StyleKeys(notes, infor);
-    const bool hasKeeper = std::any_of(notes.Members.begin(), notes.Members.end(),
-                                       [](const auto& member) { return member.second.KeepsUnknown; });
-    notes.IsUnknownSaid = notes.Unknown != UnknownKeys::BY_CLASS;
-    if (!notes.IsUnknownSaid) notes.Unknown = hasKeeper ? UnknownKeys::KEEP : UnknownKeys::PROBLEM;
+    SettleUnknown(notes);
+    WarnOfTagOfPlainBase(notes, infor);
     if (!notes.Tag.empty() && notes.TagValue.empty()) notes.TagValue = QualifiedNameOf(infor);
 }
 

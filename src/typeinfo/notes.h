@@ -64,7 +64,9 @@ struct CClassNotes : CClassMetadata {
     CClassNotes& operator=(const CClassNotes&) = delete;
     ~CClassNotes();
 
-    bool IsUnknownSaid = false;           ///< whether the description says what Unknown is
+    bool IsUnknownSaid = false;           ///< whether the description, or that of a base, says what Unknown is
+    bool IsUnknownOwn = false;            ///< whether it is the description itself
+    bool HasTagOfPlainBase = false;       ///< a base has a tag and is not polymorphic, as this class is
     std::vector<CCheck> Checks;           ///< those of bases too; see FirstComplaint
     bool IsAbstract = false;              ///< no object is of just this class
     const std::type_info* Type = nullptr; ///< of polymorphic classes with a tag

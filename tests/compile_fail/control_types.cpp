@@ -18,6 +18,8 @@ struct Whole {
     std::vector<std::vector<bool>> rows;
     std::deque<std::atomic<int>> counters;
     std::vector<std::atomic<int>> fixedCounters;
+    std::map<int, std::atomic<int>> numberedCounters;
+    std::unordered_map<std::string, std::atomic<bool>> namedFlags;
     signed char bytes[3];
     const std::optional<int> constant;
     vexa::MayNull<std::tuple<int>> maybe;
@@ -26,6 +28,6 @@ struct Whole {
     std::optional<const Part> fixed;
 };
 VEXA_DESCRIBE(Whole, text, part, parts, time, rows, counters, fixedCounters, bytes, constant, maybe, shared, seen,
-              fixed)
+              fixed, numberedCounters, namedFlags)
 
 } // namespace app

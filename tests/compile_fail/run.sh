@@ -3,7 +3,7 @@
 # The source's first line says what each compiler must do:
 #   // expect: <text>   refuse the file, with <text> standing whole in its messages
 #   // expect-ok        accept it
-# A second line, // flags: <flags>, adds to the compiler's flags.
+# A second line, // flags: <flags>, adds to the compiler's flags; // errors: <number> says how many errors there are.
 # A compiler that is not installed, or is listed twice, is passed over; at least one must be there.
 set -euo pipefail
 
@@ -11,6 +11,7 @@ include_dir=$1 source=$2
 shift 2
 first_line=$(head -n 1 "$source")
 read -r -a flags <<< "$(sed -n '2s|^// flags: ||p' "$source")"
+errors=$(sed -n '2s|^// errors: ||p' "$source")
 declare -A done_compilers=()
 failures=0
 
@@ -35,6 +36,9 @@ for compiler in "$@"; do
             elif [[ $output != *"$expected"* ]]; then
                 fail "$compiler" "was refused without the text: $expected"
                 grep -E 'error:' <<< "$output" || echo "$output"
+            elif [[ -n $errors && $(grep -c 'error:' <<< "$output") -ne $errors ]]; then
+                fail "$compiler" "was refused with another number of errors than $errors"
+                grep -E 'error:' <<< "$output"
             fi ;;
         '// expect-ok')
             if [[ $status -ne 0 ]]; then

@@ -260,6 +260,50 @@ TEST(TagOfAPlainClass, IsThatOfItsOwnObjects)
     EXPECT_EQ(vexa::TagValuesOf(vexa::ClassInforOf<FromPlain>()), Values({"derived_classes::FromPlain"}));
 }
 
+struct Plainer {
+    int a = 0;
+};
+struct FromPlainer : Plainer {
+    virtual ~FromPlainer() = default;
+};
+struct OfItsOwn : Plainer {
+    virtual ~OfItsOwn() = default;
+};
+
+} // namespace derived_classes
+
+template<>
+struct vexa::Describes<derived_classes::Plainer> {
+    static void Describe(vexa::CDescription<derived_classes::Plainer>& about) { about.Tag("what"); }
+};
+template<>
+struct vexa::Describes<derived_classes::FromPlainer> {
+    static constexpr const char* NAME = "FromPlainer";
+    static void Describe(vexa::CDescription<derived_classes::FromPlainer>& about)
+    {
+        about.Base<derived_classes::Plainer>();
+    }
+};
+template<>
+struct vexa::Describes<derived_classes::OfItsOwn> {
+    static void Describe(vexa::CDescription<derived_classes::OfItsOwn>& about)
+    {
+        about.Base<derived_classes::Plainer>();
+        about.Tag("what");
+    }
+};
+
+namespace derived_classes {
+
+TEST(TagOfAPlainClass, IsComplainedOfInAPolymorphicClass)
+{
+    EXPECT_EQ(vexa_test::LoggedLines([] { vexa::ClassInforOf<FromPlainer>(); }),
+              "The class FromPlainer has the tag what of a base that is not polymorphic, as the class is: it tells the "
+              "class in a std::variant, but not behind a pointer; give the base a virtual destructor, or the class a "
+              "tag of its own\n");
+    EXPECT_EQ(vexa_test::LoggedLines([] { vexa::ClassInforOf<OfItsOwn>(); }), "");
+}
+
 /// The base's description is asked for while it is itself in progress: it holds pointers to what is derived from it.
 struct Leaf;
 struct Node {

@@ -2,6 +2,7 @@
 
 #include <vexa/class_metadata.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <vexa/describe.h>
+#include <vexa/json_tree.h>
 
 #include "support/captured_log.h"
 #include "support/described_text.h"
@@ -370,6 +372,50 @@ TEST(Notes, ThatDoNotFitAreLoggedAndIgnored)
                              line("numbers", "KeepsUnknown", map));
     EXPECT_EQ(vexa::typeinfo::NotesOf(vexa::ClassInforOf<Misused>()), nullptr);
     EXPECT_EQ(vexa::ClassInforOf<Misused>().AttribNameMap.at("unique")->TypeInfor.TypeName(), "int*");
+}
+
+// What becomes of unknown keys.
+
+struct Skipping {
+    int a = 0;
+};
+VEXA_DESCRIBE_CLASS(Skipping)
+{
+    about.UnknownKeys(UnknownKeys::SKIP);
+    about.Attrib("a", &Skipping::a);
+}
+struct Keeping : Skipping {
+    std::map<std::string, vexa::CRawJson> kept;
+};
+VEXA_DESCRIBE_CLASS(Keeping)
+{
+    about.Base<Skipping>();
+    about.Attrib("kept", &Keeping::kept).KeepsUnknown();
+}
+struct KeepingStill : Keeping {
+    int b = 0;
+};
+VEXA_DESCRIBE_CLASS(KeepingStill)
+{
+    about.Base<Keeping>();
+    about.Attrib("b", &KeepingStill::b);
+}
+struct SkippingAgain : Keeping {
+    int c = 0;
+};
+VEXA_DESCRIBE_CLASS(SkippingAgain)
+{
+    about.UnknownKeys(UnknownKeys::SKIP);
+    about.Base<Keeping>();
+    about.Attrib("more", &SkippingAgain::kept).KeepsUnknown();
+}
+
+TEST(UnknownKeysOfAClass, AreAsTheNearestDescriptionSays)
+{
+    EXPECT_EQ(vexa::MetadataOf(vexa::ClassInforOf<Skipping>()).Unknown, UnknownKeys::SKIP);
+    EXPECT_EQ(vexa::MetadataOf(vexa::ClassInforOf<Keeping>()).Unknown, UnknownKeys::KEEP);
+    EXPECT_EQ(vexa::MetadataOf(vexa::ClassInforOf<KeepingStill>()).Unknown, UnknownKeys::KEEP);
+    EXPECT_EQ(vexa::MetadataOf(vexa::ClassInforOf<SkippingAgain>()).Unknown, UnknownKeys::SKIP);
 }
 
 // A description is first looked at without a descriptor when classes lead back to one another.

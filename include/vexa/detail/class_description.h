@@ -160,9 +160,9 @@ public:
         if constexpr (detail::IS_FIXED_BASE<B, T>) {
             auto* const derived = reinterpret_cast<T*>(alignof(T) * 64);
             const auto offset = reinterpret_cast<char*>(static_cast<B*>(derived)) - reinterpret_cast<char*>(derived);
-            if constexpr (std::is_polymorphic_v<B>) {
+            if constexpr (std::is_polymorphic_v<T>) {
                 AddBase(detail::ClassSlotOf<B>(), static_cast<unsigned long>(offset),
-                        {VEXA_DETAIL_TYPE_ID(T), std::is_abstract_v<T>});
+                        {VEXA_DETAIL_TYPE_ID(T), std::is_abstract_v<T>, nullptr, !std::is_polymorphic_v<B>});
             } else {
                 AddBase(detail::ClassSlotOf<B>(), static_cast<unsigned long>(offset));
             }
@@ -188,7 +188,8 @@ public:
     /// standard formats a pointer or std::shared_ptr to the class may then hold an object of any derived class that is
     /// described with Base() of this one, at any depth; one that is not described is written as this class. A derived
     /// class may have a tag of its own for pointers to itself. Where the class is an alternative of a std::variant, the
-    /// tag tells which.
+    /// tag tells which. Of a class that is not polymorphic it tells nothing behind a pointer, which is logged where a
+    /// polymorphic class has it as a base and no tag of its own.
     void Tag(const char* key)
     {
         if constexpr (std::is_polymorphic_v<T>) {
@@ -224,7 +225,8 @@ public:
         constexpr bool IS_ADDRESSABLE = std::is_invocable_v<List, T*, CDescriptionBase&>;
         static_assert(!IS_ANY_REFERENCE, "a reference member cannot be described: make it a pointer or a value");
         static_assert(IS_ANY_REFERENCE || IS_ADDRESSABLE,
-                      "a bit-field cannot be described: make it a member of its full type");
+                      "a bit-field cannot be described: make it a member of its full type; "
+                      "nor can a private member, unless VEXA_FRIEND lets the description reach it");
         if constexpr (IS_ADDRESSABLE) {
             constexpr detail::MemberFault FAULT = std::invoke_result_t<List, T*, CDescriptionBase&>::VALUE;
             static_assert(FAULT != detail::MemberFault::STATIC,

@@ -56,9 +56,14 @@ void DescribeTo(CDescription<T>& about)
 }
 
 template<class T>
-constexpr auto OutsideNameOf(int) -> decltype(static_cast<const char*>(Describes<T>::NAME))
+constexpr auto OutsideNameOf(int) -> decltype(static_cast<void>(Describes<T>::NAME), static_cast<const char*>(nullptr))
 {
-    return Describes<T>::NAME;
+    constexpr bool IS_TEXT = std::is_convertible_v<decltype(Describes<T>::NAME), const char*>;
+    static_assert(IS_TEXT, "the NAME of a vexa::Describes is a text: declare it static constexpr const char*");
+    if constexpr (IS_TEXT)
+        return Describes<T>::NAME;
+    else
+        return nullptr;
 }
 template<class T>
 constexpr const char* OutsideNameOf(...)

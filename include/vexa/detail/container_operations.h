@@ -239,8 +239,12 @@ template<class Container>
 struct CAssociativeOperations {
     using Element = ElementOf<Container>;
 
-    using Inserted = decltype(std::declval<Container&>().insert(std::declval<Element>()));
-    static constexpr bool IS_KEY_UNIQUE = !std::is_same_v<Inserted, typename Container::iterator>;
+    /// Asked only where elements can be inserted.
+    static constexpr bool IsKeyUnique()
+    {
+        using Inserted = decltype(std::declval<Container&>().insert(std::declval<Element>()));
+        return !std::is_same_v<Inserted, typename Container::iterator>;
+    }
 
     /// The container takes the contents of the element; what it does not take goes, so that the element may be used
     /// again.
@@ -249,7 +253,7 @@ struct CAssociativeOperations {
         auto& filled = *static_cast<Container*>(container);
         auto& taken = *static_cast<Element*>(element);
         // Asked first: a refused element that was moved from may have lost what its pointers designate.
-        if (HOLDS_RAW_POINTERS<Element> && IS_KEY_UNIQUE && filled.find(KeyOf(taken)) != filled.end())
+        if (HOLDS_RAW_POINTERS<Element> && IsKeyUnique() && filled.find(KeyOf(taken)) != filled.end())
             Disown(taken);
         else
             filled.insert(std::move(taken));

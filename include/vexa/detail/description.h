@@ -64,8 +64,8 @@ public:
     /// points at is never made, freed or written through. On anything else it is logged and ignored.
     CAttribDescription& NotOwned();
     /// A std::map<std::string, vexa::CRawJson> that takes the keys that no attribute has, each with its value as it
-    /// stands; they are written with the others. The class's UnknownKeys is then KEEP, unless it says otherwise. On
-    /// anything else it is logged and ignored.
+    /// stands; they are written with the others. The class's UnknownKeys is then KEEP, whatever a base says, unless its
+    /// own description says otherwise. On anything else it is logged and ignored.
     CAttribDescription& KeepsUnknown();
 
     /// It is held by a std::unique_ptr, which a descriptor cannot tell from a raw pointer.
@@ -107,6 +107,7 @@ struct CPolymorphic {
     const std::type_info* Type = nullptr; ///< null of other classes, and without run-time type information
     bool IsAbstract = false;
     DynamicTypeFunction DynamicType = nullptr; ///< only where there is a tag
+    bool HasPlainBase = false;                 ///< the base that is added is not polymorphic
 };
 
 /// The part of a description that does not depend on the class: either fills its descriptor or only lists the classes
@@ -125,7 +126,8 @@ public:
     /// What becomes of keys that the class does not have. Where nothing is said, it is as the first base says that says
     /// anything, and a problem otherwise.
     void UnknownKeys(vexa::UnknownKeys rule);
-    /// What the tag says of this class; its qualified name where nothing is said.
+    /// What the tag says of this class; its qualified name where nothing is said, which for an instance of a template
+    /// may depend on the compiler (see vexa/find_class.h).
     void TagValue(const char* value);
 
 protected:

@@ -24,7 +24,14 @@ std::false_type FindsNames(...);
 template<class T, bool = std::is_enum_v<T>>
 inline constexpr bool HAS_NAMES = false;
 template<class T>
-inline constexpr bool HAS_NAMES<T, true> = decltype(FindsNames<T>(0))::value;
+constexpr bool HasNames()
+{
+    static_assert(!CIsDescribedOutside<T>::value, "an enumeration cannot be described by vexa::Describes: give its "
+                                                  "values names with VEXA_DESCRIBE_ENUM, in its own namespace");
+    return decltype(FindsNames<T>(0))::value;
+}
+template<class T>
+inline constexpr bool HAS_NAMES<T, true> = HasNames<T>();
 
 /// As the value is read from an object: char is an unsigned byte.
 template<class T>
@@ -43,13 +50,14 @@ struct CEnumerationNames {
     const char* Names;
     long long Values[COUNT];
 };
-template<std::size_t COUNT>
-constexpr CEnumerationNames<COUNT> NamesOfValues(const char* name, const char* names, const long long (&values)[COUNT])
+/// How many names stand in one text, separated by commas. The type of what VEXA_DESCRIBE_ENUM makes comes from them and
+/// not from the values, so that a name which is no enumerator's is all that a compiler complains of.
+constexpr std::size_t CountOfNames(const char* names)
 {
-    CEnumerationNames<COUNT> all{name, names, {}};
-    for (std::size_t i = 0; i < COUNT; ++i)
-        all.Values[i] = values[i];
-    return all;
+    std::size_t count = 1;
+    for (; *names != '\0'; ++names)
+        count += *names == ',' ? 1 : 0;
+    return count;
 }
 
 template<class T>
