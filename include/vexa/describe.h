@@ -102,9 +102,13 @@
     constexpr ::vexa::detail::CEnumerationNames<::vexa::detail::CountOfNames(#__VA_ARGS__)> VexaDescribeEnum(          \
         ::vexa::detail::CEnumerationTag<Type>)                                                                         \
     {                                                                                                                  \
-        return {#Type, #__VA_ARGS__, {VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_ENUMERATOR, Type, __VA_ARGS__)}};               \
+        ::vexa::detail::CEnumerationNames<::vexa::detail::CountOfNames(#__VA_ARGS__)> vexaMade{                        \
+            #Type, #__VA_ARGS__, {}};                                                                                  \
+        long long* vexaNext = vexaMade.Values;                                                                         \
+        VEXA_DETAIL_FOR_EACH(VEXA_DETAIL_ENUMERATOR, Type, __VA_ARGS__)                                                \
+        return vexaMade;                                                                                               \
     }
-#define VEXA_DETAIL_ENUMERATOR(Type, name) ::vexa::detail::NumberOf(Type::name),
+#define VEXA_DETAIL_ENUMERATOR(Type, name) *vexaNext++ = ::vexa::detail::NumberOf(Type::name);
 
 /// Inside a class: lets its description reach private members.
 #define VEXA_FRIEND(Type) friend void VexaDescribe(::vexa::CDescription<Type>&)
