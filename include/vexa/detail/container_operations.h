@@ -235,25 +235,29 @@ template<class Container>
 struct CVectorTrait<Container, true> : CVectorOperations<Container> {
 };
 
+/// Whether it is a map with one value a key.
+template<class Container, class = void>
+inline constexpr bool HAS_AT = false;
+template<class Container>
+inline constexpr bool
+    HAS_AT<Container,
+           std::void_t<decltype(std::declval<Container&>().at(std::declval<const typename Container::key_type&>()))>> =
+        true;
+
 template<class Container>
 struct CAssociativeOperations {
     using Element = ElementOf<Container>;
-
-    /// Asked only where elements can be inserted.
-    static constexpr bool IsKeyUnique()
-    {
-        using Inserted = decltype(std::declval<Container&>().insert(std::declval<Element>()));
-        return !std::is_same_v<Inserted, typename Container::iterator>;
-    }
 
     /// The container takes the contents of the element; what it does not take goes, so that the element may be used
     /// again.
     static void Insert(void* container, void* element)
     {
+        using Inserted = decltype(std::declval<Container&>().insert(std::declval<Element>()));
+        constexpr bool IS_KEY_UNIQUE = !std::is_same_v<Inserted, typename Container::iterator>;
         auto& filled = *static_cast<Container*>(container);
         auto& taken = *static_cast<Element*>(element);
         // Asked first: a refused element that was moved from may have lost what its pointers designate.
-        if (HOLDS_RAW_POINTERS<Element> && IsKeyUnique() && filled.find(KeyOf(taken)) != filled.end())
+        if (HOLDS_RAW_POINTERS<Element> && IS_KEY_UNIQUE && filled.find(KeyOf(taken)) != filled.end())
             Disown(taken);
         else
             filled.insert(std::move(taken));
@@ -273,7 +277,7 @@ struct CAssociativeOperations {
     {
         using Key = typename Container::key_type;
         constexpr bool IS_PLAIN = std::is_same_v<Key, std::string> || std::is_integral_v<Key> || std::is_enum_v<Key>;
-        if constexpr (IS_PLAIN && IS_KEY_UNIQUE && !std::is_same_v<Key, Element>) {
+        if constexpr (IS_PLAIN && HAS_AT<Container>) {
             SetFindKey(infor, [](void* map, const void* key) -> void* {
                 auto& searched = *static_cast<Container*>(map);
                 const auto found = searched.find(*static_cast<const Key*>(key));
