@@ -146,8 +146,11 @@ __attribute__((cold, noinline)) bool CReader<Source>::TellDuplicate(CProblem pro
                                                                     std::size_t shortest)
 {
     problem.Code = ProblemCode::DUPLICATE_KEY;
-    problem.Second.Offset = first - 1;
-    problem.Second.Length = std::min(m_source.EndOffset() - m_source.Offset(), shortest);
+    if (first != FIRST_IS_FAR) {
+        problem.Second.Offset = first - 1;
+        problem.Second.Length = std::min(m_source.EndOffset() - m_source.Offset(), shortest);
+        problem.Second.Length = KeyLengthAt(m_context.Text, problem.Second.Offset, problem.Second.Length);
+    }
     Tell(std::move(problem), m_source.Offset(), m_source.EndOffset(), Secrecy::KEY);
     return m_source.Skip() || Broken();
 }

@@ -21,6 +21,16 @@ inline std::size_t ShortestKey(std::string_view key, BadText policy)
     return static_cast<std::size_t>(std::count_if(key.begin(), key.end(), counts)) + 2;
 }
 
+/// The bytes of the key that begins there in the text of JSON, quotes included; \p otherwise where there is no text.
+inline std::size_t KeyLengthAt(std::string_view text, std::size_t offset, std::size_t otherwise)
+{
+    if (offset >= text.size() || text[offset] != '"') return otherwise;
+    std::size_t end = offset + 1;
+    for (; end < text.size() && text[end] != '"'; ++end)
+        if (text[end] == '\\') ++end;
+    return end < text.size() ? end + 1 - offset : otherwise;
+}
+
 /// The source has failed: tells why, once. \return false
 template<class Source>
 __attribute__((cold, noinline)) bool CReader<Source>::Broken()

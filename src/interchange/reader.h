@@ -45,10 +45,12 @@ struct CLateMember {
     CHeldValue Value;
 };
 
+/// What FirstOf gives for a place that is too far for it.
+inline constexpr std::uint32_t FIRST_IS_FAR = 0xFFFFFFFF;
 /// A key's place plus 1, so that it is not 0.
 inline std::uint32_t FirstOf(std::size_t offset) noexcept
 {
-    return offset < 0xFFFFFFFE ? static_cast<std::uint32_t>(offset + 1) : 0xFFFFFFFF;
+    return offset < 0xFFFFFFFE ? static_cast<std::uint32_t>(offset + 1) : FIRST_IS_FAR;
 }
 
 /// What few objects need while they are read.

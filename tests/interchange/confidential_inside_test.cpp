@@ -187,7 +187,7 @@ TEST(ConfidentialInside, noMoreThanAKeyIsShownWhereItWasGivenFirst)
 
 TEST(ConfidentialInside, aTagIsShownButNotWhatElseStandsThere)
 {
-    EXPECT_EQ("card found=\"crad\" excerpt=\"crad\"\ncards[0] found=\"\" excerpt={\n",
+    EXPECT_EQ("card found=\"crad\" excerpt=\"crad\"\ncards[0] found=an object excerpt={\n",
               Shown<Wallet>(R"({"card":{"kind":"crad"},"cards":[{"kind":{"pin":"hush"}}]})"));
 }
 

@@ -78,14 +78,18 @@ TEST(RandomRoundTrip, IsTheSameValueInEveryStyle)
     });
 }
 
+/// On one line raw JSON loses its line breaks.
 TEST(RandomRoundTrip, IntoAFreshObjectGivesTheObject)
 {
-    ForEachObject([](const CAnyObject& object, std::uint64_t) {
-        const std::string text = Written(object);
+    ForEachObject([](const CAnyObject& object, std::uint64_t seed) {
+        vexa::CWritePolicy policy;
+        policy.Indentation = seed % 2 == 0 ? 0U : 1U;
+        const std::string text = Written(object, policy);
         const CAnyObject read(object.Kind());
         vexa::CReport report;
         ASSERT_TRUE(vexa::ReadJson(read.Ref(), text, report)) << report.AsString(text) << text;
-        ExpectSame(read, object);
+        ExpectSame(read, object,
+                   Comparison(seed % 2 == 0 ? Comparison::Digits::WORTH_THE_SAME : Comparison::Digits::KEPT));
     });
 }
 
