@@ -357,7 +357,7 @@ using Targets =
     testing::Types<bool, std::int8_t, unsigned char, short, unsigned short, int, unsigned int, long, unsigned long,
                    long long, unsigned long long, float, double, long double, std::string, std::filesystem::path,
                    Seconds, Clock::time_point, vexa::CDateTime, vexa::CBinary, vexa::CNumeric, Color>;
-TYPED_TEST_SUITE(Conversion, Targets);
+TYPED_TEST_SUITE(Conversion, Targets, );
 
 TYPED_TEST(Conversion, GivesEveryValueWholeOrNotAtAll)
 {

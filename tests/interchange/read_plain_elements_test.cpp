@@ -33,7 +33,7 @@ class PlainElements : public testing::Test {
 };
 using Types = testing::Types<int, unsigned int, long, long long, unsigned long, unsigned long long, float, double, char,
                              unsigned char, short, unsigned short, long double, std::string>;
-TYPED_TEST_SUITE(PlainElements, Types);
+TYPED_TEST_SUITE(PlainElements, Types, );
 
 TYPED_TEST(PlainElements, AreReadAndToldAlikeInEveryContainer)
 {
