@@ -339,13 +339,14 @@ public:
             if (m_draw(3) == 0) m_view.Index("live2", column);
         }
     }
-    /// \return the query and what it gives of each, where they differ; else empty.
+    /// \return the query and what it gives of each, where they differ or one is no answer; else empty.
     std::string Differ()
     {
         const std::string query = CRandomQuery(m_draw).Make();
         const Rows live = m_db.Query(Filled(query, "live"));
         const Rows plain = m_db.Query(Filled(query, "plain"));
-        if (live == plain) return {};
+        const bool isAnswered = plain.empty() || plain.back().compare(0, 6, "error ") != 0;
+        if (live == plain && isAnswered) return {};
         std::string text = Filled(query, "live") + "\n" + m_db.Plan(Filled(query, "live")) + "\nlive:";
         for (const std::string& row : live)
             text += "\n  " + row;
