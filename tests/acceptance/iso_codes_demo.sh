@@ -3,25 +3,9 @@
 # Runs the program over the sample, over the files of the package iso-codes where it is installed, and over files that
 # fail. Writes each difference; the exit code tells whether there was one.
 set -uo pipefail
-demo=$1
+source "${BASH_SOURCE%/*}/demo_run.sh"
 sample=$2
 package=/usr/share/iso-codes/json
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-status=0
-
-complain() {
-    echo "$*"
-    status=1
-}
-
-# run <exit code expected> [argument]...: leaves the output in $work/out and $work/err.
-run() {
-    local expected=$1 code=0
-    shift
-    "$demo" "$@" > "$work/out" 2> "$work/err" || code=$?
-    [[ $code -eq $expected ]] || complain "exit code $code instead of $expected for: $*"
-}
 
 # broken_sample <file> <sed script>: makes a sample of which one file is changed.
 broken_sample() {

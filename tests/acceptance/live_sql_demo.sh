@@ -3,25 +3,9 @@
 # Runs the program over the sample, over the package iso-codes where it is installed, and
 # over a directory without files. Writes each difference; the exit code tells whether there was one.
 set -uo pipefail
-demo=$1
+source "${BASH_SOURCE%/*}/demo_run.sh"
 data=$2
 package=/usr/share/iso-codes/json
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-status=0
-
-complain() {
-    echo "$*"
-    status=1
-}
-
-# run <exit code expected> [argument]...: leaves the output in $work/out and $work/err.
-run() {
-    local expected_code=$1 code=0
-    shift
-    "$demo" "$@" > "$work/out" 2> "$work/err" || code=$?
-    [[ $code -eq $expected_code ]] || complain "exit code $code instead of $expected_code for: $*"
-}
 
 run 0 "$data"
 diff "$data/expected_output.txt" "$work/out" || complain "other output than expected for the sample"

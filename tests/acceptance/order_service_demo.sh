@@ -2,24 +2,8 @@
 # Usage: order_service_demo.sh <the demonstration program> <directory of the output expected>
 # Writes each difference; the exit code tells whether there was one.
 set -uo pipefail
-demo=$1
+source "${BASH_SOURCE%/*}/demo_run.sh"
 expected=$2/expected_output.txt
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-status=0
-
-complain() {
-    echo "$*"
-    status=1
-}
-
-# run <exit code expected> [argument]...: leaves the output in $work/out and $work/err.
-run() {
-    local expected_code=$1 code=0
-    shift
-    "$demo" "$@" > "$work/out" 2> "$work/err" || code=$?
-    [[ $code -eq $expected_code ]] || complain "exit code $code instead of $expected_code for: $*"
-}
 
 # What is written does not depend on where it is run.
 TZ=Asia/Tokyo run 0

@@ -4,13 +4,10 @@
 # Runs the program over the sample, over the files of the package iso-codes where it is installed, and over files that
 # fail. Writes each difference; the exit code tells whether there was one.
 set -uo pipefail
-demo=$1
+source "${BASH_SOURCE%/*}/demo_run.sh"
 data=$2
 expected=$data/expected_output.txt
 package=/usr/share/iso-codes/json
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-status=0
 
 # The times of files are shown as local ones. The database has a temporary directory of its own, to be looked into.
 export TZ=UTC TMPDIR=$work/tmp
@@ -18,20 +15,6 @@ mkdir "$TMPDIR" "$work/sample"
 cp "$data"/../iso_codes/*.json "$work/sample"
 cp "$data"/*.json "$work/sample"
 touch -d '2001-02-03 04:05:06' "$work/sample"/*
-
-complain() {
-    echo "$*"
-    status=1
-}
-
-# run <exit code expected> [argument]...: leaves the output in $work/out and $work/err.
-run() {
-    local expected_code=$1 code=0
-    shift
-    "$demo" "$@" > "$work/out" 2> "$work/err" || code=$?
-    [[ $code -eq $expected_code ]] || complain "exit code $code instead of $expected_code for: $*"
-    [[ -z $(ls -A "$work/tmp") ]] || complain "left behind: $(ls -AR "$work/tmp")"
-}
 
 run 0 "$work/sample"
 diff "$expected" "$work/out" || complain "other output than expected for the sample"
